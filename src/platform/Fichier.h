@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+// An ordinary file open for reading by blocks at any place. Never mapped: a scratched disc then gives short reads and
+// does not kill the process.
+class Fichier {
+public:
+    Fichier() = default;
+    explicit Fichier(int descripteur);  // takes the descriptor over
+    explicit Fichier(const std::string& cheminReel);
+    ~Fichier();
+    Fichier(Fichier&& autre) noexcept;
+    Fichier& operator=(Fichier&& autre) noexcept;
+    Fichier(const Fichier&) = delete;
+    Fichier& operator=(const Fichier&) = delete;
+
+    bool Ouvert() const { return descripteur_ >= 0; }
+    uint64_t Taille() const { return taille_; }
+
+    // Reads up to `nombre` bytes from `position`; returns how many came, fewer at the end of the file or on an error.
+    size_t Lire(uint64_t position, void* tampon, size_t nombre) const;
+
+private:
+    int descripteur_ = -1;
+    uint64_t taille_ = 0;
+};

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+// Drives are letters. The letters of a user are symbolic links ("c:" -> "/") in the folder "lecteurs" of the
+// program's configuration directory. A letter is given and taken in lower case, 'a' to 'z'.
+
+enum TypeLecteur : uint32_t {
+    LecteurInconnu = 0,
+    LecteurInexistant = 1,
+    LecteurAmovible = 2,
+    LecteurFixe = 3,
+    LecteurReseau = 4,
+    LecteurOptique = 5,
+    LecteurMemoire = 6,
+};
+
+// Bytes of a volume.
+struct EspaceLecteur {
+    uint64_t total = 0;
+    uint64_t libre = 0;
+    uint64_t disponible = 0;
+};
+
+struct VolumeLecteur {
+    std::string nom;      // label, or the folder's own name for a folder given a letter
+    uint32_t serie = 0;   // FAT or NTFS serial, else 32 bits folded from the UUID
+    std::string systeme;  // "ext4", "vfat", "iso9660"...
+};
+
+// Looks at the machine, gives letters to volumes and optical drives that have none yet, and returns all letters that
+// lead somewhere, in alphabetical order.
+std::vector<char> LettresMachine();
+
+// Kind of the drive, one of TypeLecteur; LecteurInexistant for a letter without a drive.
+uint32_t TypeDuLecteur(char lettre);
+
+// False, and nothing filled, when the letter leads to no mounted volume or folder.
+bool EspaceDuLecteur(char lettre, EspaceLecteur& espace);
+bool VolumeDuLecteur(char lettre, VolumeLecteur& volume);
+
+// Gives the mounted volume its label where its file system lets a user do so; false otherwise.
+bool NommerVolume(char lettre, const std::string& nom);
+
+// Real folder at the top of the drive, without a trailing "/" unless it is "/"; empty when there is none.
+std::string RacineDuLecteur(char lettre);
+
+// Points a letter at a folder, replacing what it led to. False when the link can't be written.
+bool DonnerLettre(char lettre, const std::string& dossier);
+
+// The letter that leads to exactly this folder, else a free letter newly given to it; 0 when no letter is left
+// or the folder does not exist.
+char LettreDuDossier(const std::string& dossier);

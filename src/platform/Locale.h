@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+// Forms of the user's locale.
+
+// "1 234,50": fixed decimals, thousands grouped when asked, halves rounded away from zero.
+std::string FormatNombre(double valeur, int decimales, bool groupes);
+
+const std::string& SeparateurDecimal();
+
+struct DateHeure {
+    int annee = 0, mois = 0, jour = 0, heure = 0, minute = 0, seconde = 0;
+};
+
+// From 100 ns units since 1 January 1601 UTC to local date and time.
+DateHeure EnDateLocale(int64_t temps);
+
+std::string DateCourte(const DateHeure& date);
+// Long time text, without a time zone ("14:05:33").
+const std::string& HeureLongue(int heure, int minute, int seconde);

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+// Texts are UTF-8. Bytes read from files become text by one rule, here.
+
+// One character per byte, Western European ANSI (Windows-1252; the five bytes it leaves open keep their own value).
+std::string AnsiEnTexte(std::string_view octets);
+
+// The reverse; false when a character has no byte.
+bool TexteEnAnsi(std::string_view texte, std::string& octets);
+
+// A name as a volume holds it: valid UTF-8 as such, anything else as ANSI.
+std::string NomEnTexte(std::string_view octets);
+bool Utf8Valide(std::string_view octets);
+
+std::string Minuscules(std::string_view texte);
+std::string Majuscules(std::string_view texte);
+
+size_t NombreCaracteres(std::string_view texte);
+
+// Takes the character at `position` and moves behind it; an invalid byte counts as one character of its own value.
+char32_t CaractereSuivant(std::string_view texte, size_t& position);
+void AjouterCaractere(std::string& texte, char32_t caractere);
+
+// The letter in its one case for comparisons; é and É become the same, e and é do not.
+char32_t SansCasse(char32_t caractere);
+
+// French order: letters without case and accents first, accents then case break ties. Negative, 0, positive.
+int ComparerFrancais(std::string_view gauche, std::string_view droite);

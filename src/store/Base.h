@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "store/Recordset.h"
+
+struct Connexion;
+
+enum TypeChamp { ChampEntier16 = 3, ChampEntier32 = 4, ChampTexte = 10, ChampMemo = 12 };
+
+struct DefinitionChamp {
+    std::string nom;
+    TypeChamp type;
+    int taille = 0;
+};
+
+// One opening of a base. Opens of one path inside the process share a connection; the last Close lets the file go.
+// On a base that did not open every operation does nothing and gives an empty result.
+class Base {
+public:
+    Base() = default;
+    ~Base();
+    Base(Base&&) noexcept;
+    Base& operator=(Base&&) noexcept;
+    Base(const Base&) = delete;
+    Base& operator=(const Base&) = delete;
+
+    bool Ouverte() const { return connexion_ != nullptr; }
+    void Close();
+
+    // From a table name or the text of a select in the system's dialect (see TraduireSql). A table name gives a record
+    // set made for AddNew; its rows are read only when asked for.
+    Recordset OpenRecordset(std::string_view texte);
+
+    // Runs one delete, insert or update; false when it fails or is anything else.
+    bool Execute(std::string_view texte);
+
+    // Existence, by name without regard to case.
+    bool TableDefs(std::string_view table);
+    bool ChampExiste(std::string_view table, std::string_view champ);
+    // Each false when the table or field exists already, or anything else fails.
+    bool CreateTableDef(std::string_view table, std::initializer_list<DefinitionChamp> champs);
+    bool CreateField(std::string_view table, const DefinitionChamp& champ);
+    // Adds the indexes that the statements in use need and that the base lacks.
+    void CreerIndex();
+
+    // One transaction; not nested. Valider and Annuler return false when there is none any more, as after a full disk.
+    bool CommencerTransaction();
+    bool Valider();
+    bool Annuler();
+
+private:
+    friend Base OpenDatabase(const std::string& chemin);
+    std::shared_ptr<Connexion> connexion_;
+};
+
+// Opens a base, exclusively and for writing. Not open when the file is missing, read-only, in use by another process,
+// or no base; such a file is never written to.
+Base OpenDatabase(const std::string& chemin);
+
+// Writes a compacted copy of a closed base to a new path and checks it. False, and no file left, on failure.
+bool CompactDatabase(const std::string& source, const std::string& cible);
+
+// True when compaction would make the file smaller by giving back free pages.
+bool BaseARendre(const std::string& chemin);
+
+// Writes an empty base with all its tables to a path, replacing what stands there.
+bool CreerBaseVide(const std::string& chemin);

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// The user's settings: sections of keys with text values, kept in one file of the configuration directory that only the
+// user may read. Safe to call from any thread.
+
+// The stored text, or the default when the key was never written.
+std::string GetSetting(std::string_view section, std::string_view cle, std::string_view defaut);
+// The same as a number (leading blanks and what follows the digits ignored; 0 for no number).
+double GetSettingNombre(std::string_view section, std::string_view cle, double defaut);
+
+// On disk when it returns; false when it could not be written (the value then holds for this process only).
+bool SaveSetting(std::string_view section, std::string_view cle, std::string_view valeur);
+bool SaveSettingNombre(std::string_view section, std::string_view cle, double valeur);
+
+// Reads the file again at the next look-up (tests and tools that move the configuration directory).
+void OublierReglages();
+
+inline constexpr std::string_view SectionSettings = "Settings";
+inline constexpr std::string_view SectionDescriptions = "Descriptions";
+inline constexpr std::string_view SectionFreedb = "Freedb";
+inline constexpr std::string_view SectionOptions = "Options";
+inline constexpr std::string_view SectionPropriete = "Propriete";
+inline constexpr std::string_view SectionLvListView = "LvListView";
+inline constexpr std::string_view SectionRecLvListView = "RecLvListView";
+inline constexpr std::string_view SectionTypes = "Types";
+
+inline constexpr std::string_view CleBaseCourante = "BaseCourante";

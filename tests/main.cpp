@@ -1,0 +1,17 @@
+#include <clocale>
+#include <cstdlib>
+
+#include <QApplication>
+#include <QLocale>
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv)
+{
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    setenv("TZ", "Europe/Paris", 1);
+    QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
+    QApplication application(argc, argv);
+    setlocale(LC_NUMERIC, "C");
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
