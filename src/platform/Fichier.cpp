@@ -1,0 +1,68 @@
+#include "platform/Fichier.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <limits>
+#include <utility>
+
+#include "platform/Descripteur.h"
+
+Fichier::Fichier(int descripteur)
+{
+    Descripteur garde(descripteur);
+    struct stat etat {
+    };
+    if (!garde.Ouvert() || fstat(garde.Valeur(), &etat) != 0 || !S_ISREG(etat.st_mode))
+        return;
+    taille_ = static_cast<uint64_t>(etat.st_size);
+    descripteur_ = garde.Ceder();
+}
+
+Fichier::Fichier(const std::string& cheminReel)
+{
+    // The look before opening keeps devices from being woken; the one after it is the one that counts.
+    const Descripteur entree = OuvrirChemin(cheminReel, O_PATH);
+    struct stat etat {
+    };
+    if (!entree.Ouvert() || fstat(entree.Valeur(), &etat) != 0 || !S_ISREG(etat.st_mode))
+        return;
+    *this = Fichier(OuvrirChemin(cheminReel, O_RDONLY | O_NONBLOCK | O_NOCTTY).Ceder());
+}
+
+Fichier::~Fichier()
+{
+    if (descripteur_ >= 0)
+        close(descripteur_);
+}
+
+Fichier::Fichier(Fichier&& autre) noexcept
+    : descripteur_(std::exchange(autre.descripteur_, -1)), taille_(std::exchange(autre.taille_, 0))
+{
+}
+
+Fichier& Fichier::operator=(Fichier&& autre) noexcept
+{
+    std::swap(descripteur_, autre.descripteur_);
+    std::swap(taille_, autre.taille_);
+    return *this;
+}
+
+size_t Fichier::Lire(uint64_t position, void* tampon, size_t nombre) const
+{
+    size_t lus = 0;
+    while (descripteur_ >= 0 && lus < nombre) {
+        if (position > static_cast<uint64_t>(std::numeric_limits<off_t>::max()) - lus)
+            break;
+        const ssize_t venus =
+            pread(descripteur_, static_cast<char*>(tampon) + lus, nombre - lus, static_cast<off_t>(position + lus));
+        if (venus < 0 && errno == EINTR)
+            continue;
+        if (venus <= 0)
+            break;
+        lus += static_cast<size_t>(venus);
+    }
+    return lus;
+}
