@@ -132,7 +132,7 @@ TEST_F(ExtractionTest, CinqCentsNiveaux)
         fs::create_directory("niveau numéro");
         fs::current_path("niveau numéro");
     }
-    Ecrire("fond.txt", "x");
+    Ecrire("./fond.txt", "x");
     fs::current_path(courant);
 
     const ReponseMedia media = Inscrire("P", "Profond");
@@ -241,13 +241,16 @@ TEST_F(ExtractionTest, DossierIllisible)
     Ecrire(disque_ / "ouvert" / "a.txt", "");
     Ecrire(disque_ / "ferme" / "b.txt", "");
     fs::permissions(disque_ / "ferme", fs::perms::none);
-    for (const fs::path& chemin : {racine_, programme_, travail_, disque_})
-        fs::permissions(chemin, fs::perms::all);
     const pid_t enfant = fork();
     if (enfant == 0) {
         // As another user than root, from whom nothing is hidden.
-        if (geteuid() == 0 && (chown(BaseCourante().c_str(), 65534, 65534) != 0 || setuid(65534) != 0))
-            _exit(2);
+        if (geteuid() == 0) {
+            for (const fs::directory_entry& entree : fs::recursive_directory_iterator(racine_))
+                if (lchown(entree.path().c_str(), 65534, 65534) != 0)
+                    _exit(2);
+            if (chown(racine_.c_str(), 65534, 65534) != 0 || setuid(65534) != 0)
+                _exit(2);
+        }
         const ReponseMedia media = Inscrire("I", "Illisible");
         if (Lire(media.numero) != FinExtraction::Complete)
             _exit(1);
