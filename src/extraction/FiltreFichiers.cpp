@@ -1,0 +1,28 @@
+#include "extraction/FiltreFichiers.h"
+
+#include "store/TraduireSql.h"
+
+const std::vector<FiltreFichiers>& FiltresFichiers()
+{
+    static const std::vector<FiltreFichiers> filtres = {
+        {"Tous les fichiers (*.*)", "*.*"},
+        {"Archives (*.zip, *.arj, *.lha, *.lzh, *.rar)", "*.zip;*.arj;*.lha;*.lzh;*.rar"},
+        {"Images (*.bmp, *.gif, *.jpg, *.png...)", "*.bmp;*.gif;*.jpg;*.jpeg;*.png;*.pcx;*.tga"},
+        {"Sons (*.mp3, *.ogg, *.wav, *.cda)", "*.mp3;*.ogg;*.wav;*.cda"},
+        {"Textes (*.txt, *.nfo, *.html, *.pdf...)", "*.txt;*.diz;*.nfo;*.bbs;*.htm;*.html;*.pdf"},
+        {"Exécutables (*.exe, *.dll, *.ocx...)", "*.exe;*.dll;*.ocx;*.ax;*.tlb"},
+    };
+    return filtres;
+}
+
+bool CorrespondFiltre(std::string_view motifs, std::string_view nom)
+{
+    while (!motifs.empty()) {
+        const size_t fin = motifs.find(';');
+        const std::string_view motif = motifs.substr(0, fin);
+        if (motif == "*.*" || CorrespondMotif(motif, nom))
+            return true;
+        motifs.remove_prefix(fin == std::string_view::npos ? motifs.size() : fin + 1);
+    }
+    return false;
+}

@@ -1,0 +1,94 @@
+#include "extraction/FrmGetDrive.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPixmap>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "extraction/FenetreImagesLecteur.h"
+#include "extraction/VerifierCatalogue.h"
+#include "extraction/bsDrive.h"
+#include "platform/Lecteurs.h"
+
+FrmGetDrive::FrmGetDrive(const MediaAInserer& media, QWidget* parent)
+    : QDialog(parent), identifiant_(media.identifiant), liste_(new QTreeWidget)
+{
+    setWindowTitle("Insérer le média");
+    auto* image = new QLabel;
+    QPixmap icone;
+    if (icone.loadFromData(reinterpret_cast<const uchar*>(media.icone.data()), static_cast<uint>(media.icone.size())))
+        image->setPixmap(icone.scaled(48, 48, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    auto* demande = new QLabel("Veuillez insérer le média suivant :\n" +
+                               QString::fromStdString(media.label + "  -  Identifiant : " + media.identifiant));
+    demande->setTextFormat(Qt::PlainText);
+    demande->setWordWrap(true);
+    auto* tete = new QHBoxLayout;
+    tete->addWidget(image);
+    tete->addWidget(demande, 1);
+    auto* mise = new QVBoxLayout(this);
+    mise->addLayout(tete);
+    if (!media.invite.empty()) {
+        auto* invite = new QLabel(QString::fromStdString(media.invite));
+        invite->setTextFormat(Qt::PlainText);
+        mise->addWidget(invite);
+    }
+
+    liste_->setHeaderLabels({"Liste des supports", "Type"});
+    liste_->setRootIsDecorated(false);
+    liste_->setAccessibleName("Liste des supports");
+    liste_->setToolTip("Cliquer ICI pour choisir un autre lecteur");
+    liste_->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    RemplirListe();
+    mise->addWidget(liste_, 1);
+
+    auto* valider = new QPushButton("     &Valider");
+    auto* annuler = new QPushButton("      &Annuler");
+    valider->setDefault(true);
+    auto* boutons = new QHBoxLayout;
+    boutons->addStretch(1);
+    boutons->addWidget(valider);
+    boutons->addWidget(annuler);
+    mise->addLayout(boutons);
+
+    connect(valider, &QPushButton::clicked, this, &FrmGetDrive::Valider);
+    connect(annuler, &QPushButton::clicked, this, &QDialog::reject);
+    connect(liste_, &QTreeWidget::itemDoubleClicked, this, &FrmGetDrive::Valider);
+    liste_->setFocus();
+    resize(std::max(sizeHint().width(), fontMetrics().averageCharWidth() * 60), sizeHint().height());
+}
+
+void FrmGetDrive::RemplirListe()
+{
+    for (const char lettre : LettresMachine()) {
+        const uint32_t type = TypeDuLecteur(lettre);
+        auto* ligne = new QTreeWidgetItem(
+            liste_, {QString::fromStdString(LibelleLecteur(lettre)), QString(NomTypeLecteur(type))});
+        ligne->setIcon(0, IconeLecteur(type));
+        lettres_.push_back(lettre);
+    }
+    if (!lettres_.empty())
+        liste_->setCurrentItem(liste_->topLevelItem(0));
+}
+
+void FrmGetDrive::Valider()
+{
+    const int rang = liste_->indexOfTopLevelItem(liste_->currentItem());
+    if (rang < 0)
+        return;
+    lettre_ = static_cast<char>(std::toupper(lettres_[static_cast<size_t>(rang)]));
+    ModifierCatalogueDisque(identifiant_, std::string(1, lettre_));
+    accept();
+}
+
+char DemanderLecteur(const MediaAInserer& media, QWidget* parent)
+{
+    FrmGetDrive fenetre(media, parent);
+    fenetre.exec();
+    return fenetre.Lettre();
+}
