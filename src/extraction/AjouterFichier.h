@@ -1,12 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 
-#include "platform/Fichier.h"
-#include "store/Base.h"
+#include "platform/Parcours.h"
+#include "store/Recordset.h"
 
 struct CompteursExtraction {
     int64_t repertoires = 0;
@@ -25,4 +24,12 @@ struct LigneFichier {
     std::string_view chemin;     // "D:\dossier\fichier\"
     std::string_view extension;  // lower case
     std::string_view description;
+    // The walk, standing in the file's directory, and the entry there: read when a description is drawn from it.
+    const Parcours* parcours = nullptr;
+    const EntreeDossier* entree = nullptr;
 };
+
+// Writes one row, the root, a directory or a file, on the open record set of a run; for a file with a path it first
+// draws out the description or lists the archive while the row is pending. False when the row could not be written.
+bool AjouterFichier(int64_t media, const LigneFichier& ligne, Recordset& enregistrements,
+                    CompteursExtraction& compteurs);

@@ -8,24 +8,26 @@
 #include "extraction/AjouterFichier.h"
 #include "extraction/TypesFichiers.h"
 
-// What a window shows of a run: a copy, taken at any moment from any thread.
+// What a window shows of a run: a copy, taken at any moment.
 struct Avancement {
     CompteursExtraction compteurs;
-    std::string pourcentage;     // "12,34 %", empty before the first
-    double part = 0;             // 0 to 1, width of the bar
-    std::string ligne;           // progress line: path at work
+    std::string pourcentage;  // "12,34 %", empty before the first
+    double part = 0;          // width of the bar, 0 to 1
+    std::string ligne;        // progress line: the path at work
 };
 
 enum class FinExtraction { Complete, Abandonnee, Echec };
 
-// One run: reads a drive into the current base under a media number that VerifierCatalogue gave. Executer may run on a
-// worker thread; all else is for the thread of the window.
+// One run: reads a drive into the current base under the number that VerifierCatalogue gave. Executer may run on a
+// worker thread; all else is for the window's thread.
 class Extraction {
 public:
+    // `octetsTotal`: bytes in use on the drive, for the percentage. `lecteurVide`: a drive of capacity 0, of which the
+    // root alone is written.
     Extraction(int64_t media, char lettre, double octetsTotal, bool lecteurVide);
 
-    // Writes the rows, the tree and the visible flag, then compacts the base. A run that is abandoned or that can't be
-    // written (full disk) leaves nothing of the media behind.
+    // Writes the rows, the directory tree and the visible flag, all or nothing, then compacts the base. After an
+    // abandoned run or one that can't be written (full disk) nothing of the media is left.
     FinExtraction Executer();
 
     // The walk ends at its next entry.
@@ -33,23 +35,32 @@ public:
 
     Avancement Lire() const;
 
-    // Seconds spent so far: walk and rows, end of the transaction, compaction.
     struct Durees {
-        double parcours = 0, validation = 0, compaction = 0;
+        double parcours = 0, validation = 0, compaction = 0;  // seconds
     };
+    // Of a run that has ended.
     const Durees& DureesEtapes() const { return durees_; }
 
 private:
-    struct Noeud;
-    bool EcrireMedia();
-    bool FindDirs(class Parcours& parcours, Recordset& enregistrements);
-    void Publier();
+    struct Repertoire;
+    struct Etat;
 
-    int64_t media_;
-    char lettre_;
-    double octetsTotal_;
-    bool lecteurVide_;
+    FinExtraction EcrireMedia();
+    bool AjouterRacine(Etat& etat) const;
+    void FindDirs(Etat& etat);
+    void ParcourirRepertoire(Etat& etat, Repertoire& repertoire);
+    void TraiterRepertoire(Etat& etat, Repertoire& parent, const EntreeDossier& entree);
+    void TraiterFichier(Etat& etat, const Repertoire& repertoire, const EntreeDossier& entree);
+    void Publier(const Etat& etat);
+
+    const int64_t media_;
+    const char lettre_;
+    const double octetsTotal_;
+    const bool lecteurVide_;
+    TypesFichiers types_;
+    Durees durees_;
+
+    mutable std::atomic<bool> demande_ = true;  // a window has looked: publish again
     mutable std::mutex verrou_;
     Avancement publie_;
-    Durees durees_;
 };

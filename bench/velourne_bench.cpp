@@ -1,0 +1,210 @@
+// Measures the program's own code, without a window. Results are lines "key: value"; elapsed times are seconds.
+
+#include <sys/resource.h>
+
+#include <array>
+#include <charconv>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <fmt/format.h>
+
+#include "browser/ArbreCatalogue.h"
+#include "browser/ListeFichiers.h"
+#include "extraction/Extraction.h"
+#include "extraction/VerifierCatalogue.h"
+#include "platform/Chemins.h"
+#include "platform/Fichiers.h"
+#include "platform/Lecteurs.h"
+#include "platform/Texte.h"
+#include "store/Base.h"
+#include "store/CycleBase.h"
+#include "store/Reglages.h"
+
+namespace fs = std::filesystem;
+using Arguments = std::vector<std::string>;
+
+namespace {
+
+constexpr const char* Aide =
+    "Usage : velourne_bench COMMANDE ARGUMENTS\n"
+    "  generer DOSSIER N PAR_DOSSIER            crée N fichiers vides dans N / PAR_DOSSIER dossiers imbriqués\n"
+    "  regler SECTION CLE VALEUR                enregistre un réglage\n"
+    "  extraire DOSSIER BASE [IDENTIFIANT NOM]  lit un dossier comme un média dans la base\n"
+    "  arbre BASE                               charge l'arbre de la base\n"
+    "  dossier BASE CLE                         liste le contenu d'un noeud de l'arbre\n"
+    "Les réglages et les lettres sont dans XDG_CONFIG_HOME, les fichiers de travail dans XDG_DATA_HOME.\n";
+
+class Chronometre {
+public:
+    double Secondes() const
+    {
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - debut_).count();
+    }
+
+private:
+    std::chrono::steady_clock::time_point debut_ = std::chrono::steady_clock::now();
+};
+
+// Answers yes to every question; a refusal of the program is the bench's failure.
+class OuiATout : public Dialogues {
+public:
+    void Informer(const std::string& texte) override { throw std::runtime_error(texte); }
+    bool Demander(const std::string&, const std::string&) override { return true; }
+};
+
+void ImprimerMemoire()
+{
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    fmt::print("memoire_max_mo: {}\n", (usage.ru_maxrss + 1023) / 1024);
+}
+
+int64_t Nombre(const std::string& texte)
+{
+    int64_t nombre = 0;
+    const auto [fin, erreur] = std::from_chars(texte.data(), texte.data() + texte.size(), nombre);
+    if (erreur != std::errc() || fin != texte.data() + texte.size() || nombre <= 0)
+        throw std::runtime_error("nombre attendu : " + texte);
+    return nombre;
+}
+
+// The base becomes the current one, made empty if it is missing.
+void OuvrirBase(const std::string& chemin, bool creer)
+{
+    const std::string absolu = fs::absolute(chemin).string();
+    if (creer && !fs::exists(absolu) && !CreerBaseVide(absolu))
+        throw std::runtime_error("base impossible à créer : " + chemin);
+    if (!OpenDatabase(absolu).Ouverte())
+        throw std::runtime_error("base impossible à ouvrir : " + chemin);
+    SaveSetting(SectionSettings, CleBaseCourante, absolu);
+    InitialiserBase();
+}
+
+void Generer(const Arguments& arguments)
+{
+    constexpr std::array noms = {"Photo", "lettre", "Été à Nice", "facture", "README", "Chanson n°", "index", "Sauvegarde"};
+    constexpr std::array extensions = {"jpg", "txt", "doc", "mp3", "zip", "html", "pdf", "exe", "c", "ogg", "dat", ""};
+    const fs::path racine = arguments[1];
+    const int64_t nombre = Nombre(arguments[2]);
+    const int64_t parDossier = Nombre(arguments[3]);
+    const int64_t nombreDossiers = (nombre + parDossier - 1) / parDossier;
+
+    const Chronometre chronometre;
+    std::vector<fs::path> dossiers;
+    for (int64_t i = 0; i < nombreDossiers; ++i) {
+        // Each directory holds up to eight others: some levels deep, as discs are.
+        const fs::path parent = i == 0 ? racine : dossiers[static_cast<size_t>((i - 1) / 8)];
+        dossiers.push_back(parent / fmt::format("Dossier {:05}", i));
+        fs::create_directories(dossiers.back());
+        for (int64_t f = i * parDossier; f < std::min(nombre, (i + 1) * parDossier); ++f) {
+            const auto rang = static_cast<size_t>(f);
+            const std::string_view extension = extensions[rang * 7 / 3 % extensions.size()];
+            const std::string nom = fmt::format("{} {:07}{}{}", noms[rang * 5 / 2 % noms.size()], f,
+                                                extension.empty() ? "" : ".", extension);
+            if (!std::ofstream(dossiers.back() / nom))
+                throw std::runtime_error("fichier impossible à créer : " + nom);
+        }
+    }
+    fmt::print("fichiers: {}\ndossiers: {}\nsecondes: {:.3f}\n", nombre, nombreDossiers, chronometre.Secondes());
+}
+
+void Regler(const Arguments& arguments)
+{
+    if (!SaveSetting(arguments[1], arguments[2], arguments[3]))
+        throw std::runtime_error("réglage impossible à enregistrer");
+}
+
+void Extraire(const Arguments& arguments)
+{
+    const std::string dossier = fs::canonical(arguments[1]).string();
+    OuvrirBase(arguments[2], true);
+    const char lettre = LettreDuDossier(dossier);
+    if (lettre == 0)
+        throw std::runtime_error("plus de lettre libre pour " + dossier);
+
+    const Chronometre total;
+    bsDrive lecteur;
+    DemandeMedia demande;
+    demande.lecteur = Majuscules(std::string(1, lettre));
+    lecteur.GetInfo(demande.lecteur);
+    demande.infos = AfficherInfo(lecteur);
+    const std::string nomDossier = fs::path(dossier).filename().string();
+    demande.identifiant = arguments.size() > 3 ? arguments[3] : nomDossier;
+    demande.nom = arguments.size() > 4 ? arguments[4] : nomDossier;
+
+    OuiATout dialogues;
+    const ReponseMedia reponse = VerifierCatalogue(demande, dialogues);
+    if (!reponse.accepte)
+        throw std::runtime_error("le média n'a pas pu être inscrit dans la base");
+    const double identite = total.Secondes();
+
+    Extraction extraction(reponse.numero, lettre, demande.infos.octetsOccupes, lecteur.DriveSpaceTotal() == 0);
+    if (extraction.Executer() != FinExtraction::Complete)
+        throw std::runtime_error("la base n'a pas pu être écrite");
+    const double secondes = total.Secondes();
+
+    const CompteursExtraction compteurs = extraction.Lire().compteurs;
+    const Extraction::Durees& durees = extraction.DureesEtapes();
+    fmt::print("media: {}\n", reponse.numero);
+    fmt::print("repertoires: {}\nfichiers: {}\narchives: {}\narchives_listees: {}\ndescriptions: {}\n",
+               compteurs.repertoires, compteurs.fichiers, compteurs.archives, compteurs.listees,
+               compteurs.descriptions);
+    fmt::print("secondes.identite: {:.3f}\nsecondes.parcours: {:.3f}\nsecondes.validation: {:.3f}\n"
+               "secondes.compaction: {:.3f}\nsecondes: {:.3f}\n",
+               identite, durees.parcours, durees.validation, durees.compaction, secondes);
+    fmt::print("lignes_par_seconde: {:.0f}\n",
+               static_cast<double>(compteurs.repertoires + compteurs.fichiers + 1) / secondes);
+    ImprimerMemoire();
+}
+
+//ARBRE
+
+struct Commande {
+    std::string_view nom;
+    size_t minimum, maximum;  // arguments, the name of the command among them
+    void (*executer)(const Arguments&);
+};
+
+constexpr Commande Commandes[] = {
+    {"generer", 4, 4, Generer}, {"regler", 4, 4, Regler},   {"extraire", 3, 5, Extraire},
+    {"arbre", 2, 2, Arbre},     {"dossier", 3, 3, Dossier},
+};
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    const Arguments arguments(argv + 1, argv + argc);
+    if (!arguments.empty() && (arguments[0] == "--help" || arguments[0] == "-h")) {
+        fmt::print("{}", Aide);
+        return 0;
+    }
+    const char* donnees = std::getenv("XDG_DATA_HOME");
+    const char* maison = std::getenv("HOME");
+    const std::string partage = donnees && *donnees ? donnees : std::string(maison ? maison : ".") + "/.local/share";
+    fs::create_directories(partage + "/velourne");
+    FixerDossierProgramme(partage + "/velourne");
+
+    for (const Commande& commande : Commandes) {
+        if (arguments.empty() || arguments[0] != commande.nom || arguments.size() < commande.minimum ||
+            arguments.size() > commande.maximum)
+            continue;
+        try {
+            commande.executer(arguments);
+            return 0;
+        } catch (const std::exception& erreur) {
+            fmt::print(stderr, "velourne_bench : {}\n", erreur.what());
+            return 1;
+        }
+    }
+    fmt::print(stderr, "{}", Aide);
+    return 2;
+}

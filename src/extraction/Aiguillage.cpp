@@ -1,0 +1,61 @@
+#include "extraction/Aiguillage.h"
+
+#include "platform/Texte.h"
+#include "store/Reglages.h"
+
+namespace {
+
+// One row per branch, in the order in which they are tested. To add a kind of file, name its function here.
+constexpr Branche Branches[] = {
+    {{"htm", "html"}, SectionDescriptions, "HTM", 1, false},
+    {{"diz"}, SectionDescriptions, "DIZ", 1, false},
+    {{"nfo"}, SectionDescriptions, "NFO", 1, false},
+    {{"bbs"}, SectionDescriptions, "BBS", 1, false},
+    {{"lnk"}, SectionDescriptions, "LNK", 1, false},
+    {{"mp3"}, SectionDescriptions, "MP3", 1, false},
+    {{"vbp"}, SectionDescriptions, "VBP", 1, false},
+    // The default of an archive kind is its own number, and only 1 means wanted: ARJ alone is on from the start.
+    {{"zip"}, SectionSettings, "Compression 0", 0, true},
+    {{"arj"}, SectionSettings, "Compression 1", 1, true},
+    {{"lha", "lzh"}, SectionSettings, "Compression 2", 2, true},
+    {{"rar"}, SectionSettings, "Compression 3", 3, true},
+    {{"jpg", "jpeg"}, SectionDescriptions, "JPG", 1, false},
+    {{"bmp"}, SectionDescriptions, "BMP", 1, false},
+    {{"png"}, SectionDescriptions, "PNG", 1, false},
+    {{"gif"}, SectionDescriptions, "GIF", 1, false},
+    {{"pcx"}, SectionDescriptions, "PCX", 1, false},
+    {{"tga"}, SectionDescriptions, "TGA", 1, false},
+    {{"iff", "lbm"}, SectionDescriptions, "LBM", 1, false},
+    {{"pdf"}, SectionDescriptions, "PDF", 1, false},
+    {{"ogg"}, SectionDescriptions, "OGG", 1, false},
+    {{"fon"}, SectionDescriptions, "FON", 1, false},
+    {{"sys"}, SectionDescriptions, "SYS", 1, false},
+};
+
+constexpr Branche ToutLeReste = {{}, SectionDescriptions, "EXE", 1, false};
+
+}  // namespace
+
+bool Branche::Voulue() const
+{
+    return GetSettingNombre(section, cle, defaut) == 1;
+}
+
+const Branche& ChoisirBranche(std::string_view extension)
+{
+    if (extension.empty())
+        return ToutLeReste;
+    for (const Branche& branche : Branches)
+        if (extension == branche.extensions[0] || extension == branche.extensions[1])
+            return branche;
+    return ToutLeReste;
+}
+
+bool BrancheAdmise(const Branche& branche, std::string_view nom, std::string_view chemin)
+{
+    if (branche.cle == "DIZ")
+        return Minuscules(nom) == "file_id.diz";
+    if (branche.cle == ToutLeReste.cle)
+        return !chemin.ends_with(".cda");
+    return true;
+}

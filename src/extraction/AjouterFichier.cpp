@@ -1,0 +1,66 @@
+#include "extraction/AjouterFichier.h"
+
+#include "extraction/Aiguillage.h"
+#include "shell/Textes.h"
+
+namespace {
+
+// Runs the branch of the file's extension. Returns the description, empty when there is none.
+std::string Aiguiller(int64_t media, const LigneFichier& ligne, std::string_view chemin, int64_t numero,
+                      CompteursExtraction& compteurs)
+{
+    const Branche& branche = ChoisirBranche(ligne.extension);
+    if (branche.archive)
+        ++compteurs.archives;
+    if ((!branche.extraire && !branche.lister) || !branche.Voulue() || !BrancheAdmise(branche, ligne.nom, chemin) ||
+        !ligne.entree || !ligne.entree->ordinaire)
+        return {};
+
+    const Fichier fichier = ligne.parcours->Ouvrir(ligne.entree->nomReel);
+    std::string description;
+    if (branche.lister) {
+        branche.lister({fichier, chemin, ligne.extension, media, numero});
+        ++compteurs.listees;
+    } else if (!branche.extraire(fichier, ligne.extension, description)) {
+        description.clear();
+    }
+    return description;
+}
+
+}  // namespace
+
+bool AjouterFichier(int64_t media, const LigneFichier& ligne, Recordset& enregistrements,
+                    CompteursExtraction& compteurs)
+{
+    const bool dossier = ligne.attribut == "D";
+    std::string_view chemin = ligne.chemin;
+    if (!dossier && chemin.ends_with('\\'))
+        chemin.remove_suffix(1);
+    std::string_view nom = ligne.nom;
+    if (nom.ends_with('\\'))
+        nom.remove_suffix(1);
+
+    enregistrements.AddNew();
+    enregistrements.Poser("RepertoirePere", dossier ? CodeRepertoire(ligne.code) : std::to_string(ligne.code));
+    enregistrements.Poser("Répertoire", CodeRepertoire(ligne.repertoire));
+    enregistrements.Poser("Nom", nom);
+    enregistrements.Poser("Taille", ligne.taille);
+    enregistrements.Poser("TypeF", ligne.type);
+    enregistrements.Poser("DateF", ligne.date);
+    enregistrements.Poser("Heure", ligne.heure);
+    enregistrements.Poser("attribut", ligne.attribut.substr(0, 10));
+
+    std::string tiree;
+    if (!chemin.empty())
+        tiree = Aiguiller(media, ligne, chemin, enregistrements.Numero(), compteurs);
+    const std::string_view description = tiree.empty() ? ligne.description : tiree;
+    if (!description.empty()) {
+        enregistrements.Poser("Description", description);
+        ++compteurs.descriptions;
+    }
+    enregistrements.Poser("NCatalogue", media);
+    if (!enregistrements.Update())
+        return false;
+    enregistrements.Bookmark(enregistrements.LastModified());
+    return true;
+}

@@ -1,0 +1,104 @@
+#include "extraction/VerifierCatalogue.h"
+
+#include "shell/Textes.h"
+#include "store/Base.h"
+#include "store/CycleBase.h"
+
+namespace {
+
+std::string DoublerApostrophes(std::string_view texte)
+{
+    std::string resultat;
+    for (const char c : texte)
+        resultat.append(c == '\'' ? 2 : 1, c);
+    return resultat;
+}
+
+int64_t EcrireCatalogue(Recordset& enregistrements, const DemandeMedia& demande)
+{
+    const std::string_view nom = Trim(demande.nom);
+    enregistrements.AddNew();
+    const int64_t numero = enregistrements.Numero();
+    enregistrements.Poser("Identifiant", Trim(demande.identifiant));
+    // A name that is a number gets a "_", so that it can never be taken for a media number.
+    enregistrements.Poser("Label", (EstNumerique(nom) ? "_" : "") + std::string(nom));
+    enregistrements.Poser("Standard", demande.infos.standard);
+    enregistrements.Poser("typed", demande.infos.type);
+    enregistrements.Poser("NSerie", demande.infos.serie);
+    enregistrements.Poser("Total", demande.infos.total);
+    enregistrements.Poser("Libre", demande.infos.libre);
+    enregistrements.Poser("Occupe", demande.infos.occupe);
+    std::string icone;
+    LireFichier(CheminIconeTemporaire(), icone);
+    if (!icone.empty())
+        enregistrements.PoserOctets("Icone", icone);
+    enregistrements.Poser("Unite", demande.lecteur);
+    if (!enregistrements.Update())
+        return 0;
+    enregistrements.Bookmark(enregistrements.LastModified());
+    return numero;
+}
+
+// Deletes the old media and writes the new row, both or neither. Returns the new number, 0 on failure.
+int64_t Remplacer(Base& base, Recordset& ancien, const DemandeMedia& demande)
+{
+    const std::string numero = Str(ancien.Numero());
+    if (!base.CommencerTransaction())
+        return 0;
+    const bool efface = base.Execute("delete * from Liste where NCatalogue = " + numero) &&
+                        base.Execute("delete * from Catalogue where Num = " + numero);
+    const int64_t nouveau = efface ? EcrireCatalogue(ancien, demande) : 0;
+    if (nouveau != 0 && base.Valider())
+        return nouveau;
+    base.Annuler();
+    return 0;
+}
+
+}  // namespace
+
+ReponseMedia VerifierCatalogue(const DemandeMedia& demande, Dialogues& dialogues)
+{
+    ReponseMedia reponse;
+    const std::string identifiant(Trim(demande.identifiant));
+    const std::string nom(Trim(demande.nom));
+    if (identifiant.empty()) {
+        dialogues.Informer("Veuillez renseigner l'identifiant du média !");
+        reponse.fautif = ChampFautif::Identifiant;
+        return reponse;
+    }
+    if (nom.empty()) {
+        dialogues.Informer("Veuillez renseigner le nom du média !");
+        reponse.fautif = ChampFautif::Nom;
+        return reponse;
+    }
+
+    GarantirBase(true);
+    Base base = OpenDatabase(BaseCourante());
+    std::string question = "Le média avec l'identifiant : \"" + identifiant + "\" existe, voulez vous le remplacer ?";
+    Recordset trouve = base.OpenRecordset("select * from Catalogue where Identifiant = '" +
+                                          DoublerApostrophes(identifiant) + "' order by Identifiant");
+    if (trouve.Eof()) {
+        question = "Le média : \"" + nom + "\" existe, voulez vous le remplacer ?";
+        trouve = base.OpenRecordset("select * from Catalogue where Label = '" + DoublerApostrophes(nom) +
+                                    "' order by Identifiant");
+    }
+    if (trouve.Eof())
+        reponse.numero = EcrireCatalogue(trouve, demande);
+    else if (dialogues.Demander(question))
+        reponse.numero = Remplacer(base, trouve, demande);
+    reponse.accepte = reponse.numero != 0;
+    return reponse;
+}
+
+void ModifierCatalogueDisque(const std::string& identifiant, const std::string& lettre)
+{
+    Base base = OpenDatabase(BaseCourante());
+    Recordset media =
+        base.OpenRecordset("select * from Catalogue where Identifiant = '" + identifiant + "' order by Identifiant");
+    if (media.Eof())
+        return;
+    media.Edit();
+    media.Poser("Disque", lettre);
+    media.Update();
+    media.Bookmark(media.LastModified());
+}

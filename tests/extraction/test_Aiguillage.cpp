@@ -1,0 +1,46 @@
+#include "Environnement.h"
+#include "extraction/Aiguillage.h"
+#include "extraction/bsDrive.h"
+#include "store/Reglages.h"
+
+class AiguillageTest : public Environnement {};
+
+TEST_F(AiguillageTest, BrancheParExtension)
+{
+    struct Cas {
+        const char *extension, *cle;
+        bool vouluAuDepart;
+    };
+    for (const Cas& cas : {Cas{"html", "HTM", true}, Cas{"zip", "Compression 0", false}, Cas{"arj", "Compression 1", true},
+                           Cas{"lzh", "Compression 2", false}, Cas{"rar", "Compression 3", false},
+                           Cas{"jpeg", "JPG", true}, Cas{"iff", "LBM", true}, Cas{"sys", "SYS", true},
+                           Cas{"", "EXE", true}, Cas{"ZIP", "EXE", true}, Cas{"txt", "EXE", true}}) {
+        const Branche& branche = ChoisirBranche(cas.extension);
+        EXPECT_EQ(branche.cle, cas.cle) << cas.extension;
+        EXPECT_EQ(branche.Voulue(), cas.vouluAuDepart) << cas.extension;
+    }
+    SaveSetting(SectionSettings, "Compression 3", "1");
+    EXPECT_TRUE(ChoisirBranche("rar").Voulue());
+    SaveSetting(SectionSettings, "Compression 3", "3");
+    EXPECT_FALSE(ChoisirBranche("rar").Voulue());
+}
+
+TEST_F(AiguillageTest, ConditionsDuNom)
+{
+    EXPECT_TRUE(BrancheAdmise(ChoisirBranche("diz"), "FILE_ID.DIZ", "D:\\FILE_ID.DIZ"));
+    EXPECT_FALSE(BrancheAdmise(ChoisirBranche("diz"), "readme.diz", "D:\\readme.diz"));
+    EXPECT_FALSE(BrancheAdmise(ChoisirBranche("cda"), "Piste 01.cda", "D:\\Piste 01.cda"));
+    EXPECT_TRUE(BrancheAdmise(ChoisirBranche("cda"), "PISTE.CDA", "D:\\PISTE.CDA"));
+}
+
+TEST(bsDrive, TextesDuLecteur)
+{
+    EXPECT_EQ(TexteSerie(0x1234ABCD), "1234-ABCD");
+    EXPECT_EQ(TexteSerie(0xABCDE), "ABCD-BCDE");
+    EXPECT_EQ(TexteSerie(0xAB), "AB-AB");
+    EXPECT_STREQ(NomTypeLecteur(5), "Lecteur DVD/CD-ROM");
+    EXPECT_STREQ(NomTypeLecteur(7), "Unknown");
+    bsDrive lecteur;
+    EXPECT_THROW(lecteur.GetInfo(""), std::invalid_argument);
+    EXPECT_THROW(lecteur.GetInfo("CD"), std::invalid_argument);
+}
