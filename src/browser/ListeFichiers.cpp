@@ -1,0 +1,232 @@
+#include "browser/ListeFichiers.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "platform/Ceder.h"
+#include "platform/Texte.h"
+#include "platform/TypesSysteme.h"
+#include "shell/Textes.h"
+#include "store/Base.h"
+#include "store/CycleBase.h"
+
+CleItem AnalyserCleItem(std::string_view cle)
+{
+    const size_t tiret = cle.find('-');
+    if (tiret == std::string_view::npos)
+        return {};
+    return {std::string(Trim(cle.substr(0, tiret))), std::string(Trim(cle.substr(tiret + 1)))};
+}
+
+void ListeFichiers::Vider()
+{
+    items_.clear();
+    ordre_.clear();
+    textes_.Vider();
+    cleLue_.clear();
+    ++generation_;
+}
+
+void ListeFichiers::Ajouter(const ItemListe& item)
+{
+    ordre_.push_back(static_cast<int32_t>(items_.size()));
+    ItemListe& copie = items_.emplace_back(item);
+    copie.cle = textes_.Ranger(item.cle);
+    for (std::string_view& cellule : copie.cellules)
+        cellule = textes_.Ranger(cellule);
+}
+
+// Equal texts are compared once: types, dates and sizes repeat by the thousand.
+void ListeFichiers::Trier(int colonne, bool decroissant)
+{
+    if (colonne < 0 || colonne >= NombreColonnes)
+        return;
+    const auto texte = [&](int32_t i) { return items_[static_cast<size_t>(i)].cellules[static_cast<size_t>(colonne)]; };
+    std::unordered_set<std::string_view> distincts;
+    for (int32_t i = 0; i < Nombre(); ++i)
+        distincts.insert(texte(i));
+    std::vector<std::string_view> tries(distincts.begin(), distincts.end());
+    std::sort(tries.begin(), tries.end(), [](std::string_view gauche, std::string_view droite) {
+        const int ordre = ComparerFrancais(gauche, droite);
+        return ordre != 0 ? ordre < 0 : gauche < droite;
+    });
+
+    std::unordered_map<std::string_view, int32_t> rangs;
+    rangs.reserve(tries.size());
+    for (const std::string_view t : tries)
+        rangs.emplace(t, static_cast<int32_t>(rangs.size()));
+    std::vector<std::pair<int32_t, int32_t>> cles;
+    cles.reserve(items_.size());
+    for (int32_t i = 0; i < Nombre(); ++i) {
+        const int32_t rang = rangs[texte(i)];
+        cles.emplace_back(decroissant ? -rang : rang, i);
+    }
+    std::sort(cles.begin(), cles.end());
+    std::transform(cles.begin(), cles.end(), ordre_.begin(), [](const auto& cle) { return cle.second; });
+}
+
+int32_t IconesExtensions::Chercher(const std::string& extension)
+{
+    if (extension.empty())
+        return ImageGenerique;
+    const auto [place, nouvelle] = icones_.try_emplace(extension, ImageGenerique);
+    if (nouvelle && !NomIconeFichier(extension).empty()) {
+        place->second = Premiere + static_cast<int32_t>(extensions_.size());
+        extensions_.push_back(extension);
+    }
+    return place->second;
+}
+
+ChampsItem::ChampsItem(Recordset& lignes)
+    : num(lignes.Indice("Num")),
+      catalogue(lignes.Indice("NCatalogue")),
+      code(lignes.Indice("Repertoirepere")),
+      nom(lignes.Indice("Nom")),
+      alias(lignes.Indice("Alias")),
+      taille(lignes.Indice("Taille")),
+      type(lignes.Indice("TypeF")),
+      date(lignes.Indice("DateF")),
+      heure(lignes.Indice("Heure")),
+      attribut(lignes.Indice("attribut")),
+      description(lignes.Indice("Description"))
+{
+}
+
+namespace
+{
+
+// "20031224" as "24/12/2003"; anything else than eight characters shows nothing.
+std::string_view MontrerDate(std::string_view date, std::string& place)
+{
+    place.clear();
+    if (date.size() == 8)
+        place.append(date.substr(6)).append("/").append(date.substr(4, 2)).append("/").append(date.substr(0, 4));
+    return place;
+}
+
+// Adds the extensions of one reading to those known in the base, and the base is told once.
+class ExtensionsLues
+{
+public:
+    ~ExtensionsLues()
+    {
+        if (accrue_)
+            EnregistrerExtensions();
+    }
+    void Noter(const std::string& extension)
+    {
+        if (vues_.insert(extension).second && AjouterExtension(extension))
+            accrue_ = true;
+    }
+
+private:
+    std::unordered_set<std::string> vues_;
+    bool accrue_ = false;
+};
+
+std::string TexteRequete(std::string_view cle)
+{
+    const CleNoeud noeud = AnalyserCle(cle);
+    if (!noeud.valide)
+        return {};
+    return "Select * from Liste where Répertoire= '" + (noeud.archive ? std::string(cle) : noeud.code) +
+           "' and NCatalogue = " + noeud.catalogue + " order by nom asc";
+}
+
+}  // namespace
+
+ItemListe FaireItem(Recordset& lignes, const ChampsItem& champs, bool dansArchive, TextesItem& textes)
+{
+    ItemListe item;
+    const std::string_view attribut = lignes.Texte(champs.attribut);
+    const bool repertoire = attribut == "D" || attribut == "Z";
+    const int64_t catalogue = lignes.Entier(champs.catalogue);
+    textes.cle =
+        CleRepertoire(catalogue, repertoire ? std::string(lignes.Texte(champs.code)) : Str(lignes.Entier(champs.num)));
+    item.cle = textes.cle;
+    item.icone = repertoire ? ImageRepertoire : ImageGenerique;
+    item.cellules = {
+        lignes.Texte(lignes.EstNul(champs.alias) ? champs.nom : champs.alias),
+        lignes.Texte(champs.taille),
+        repertoire    ? std::string_view("Répertoire")
+        : dansArchive ? std::string_view("Fichier Compressé")
+                      : lignes.Texte(champs.type),
+        MontrerDate(lignes.Texte(champs.date), textes.date),
+        lignes.Texte(champs.heure),
+        repertoire ? std::string_view("D") : attribut,
+        Trim(lignes.Texte(champs.description)).empty() ? std::string_view() : std::string_view(" oui"),
+    };
+    return item;
+}
+
+bool EstExtensionArchive(std::string_view extension)
+{
+    constexpr std::string_view archives[] = {"zip", "arj", "lha", "lzh", "ace", "rar"};
+    return std::find(std::begin(archives), std::end(archives), extension) != std::end(archives);
+}
+
+void LectureListeFichiers(ArbreCatalogue& arbre, ListeFichiers& liste, IconesExtensions& icones,
+                          const EcouteLecture& ecoute)
+{
+    liste.Vider();
+    const int32_t noeud = arbre.Selection();
+    const std::string cle(arbre.CleSelection());
+    liste.FixerCleLue(cle);
+    const std::string requete = TexteRequete(cle);
+    if (requete.empty())
+        return;
+
+    const uint64_t lecture = liste.Generation(), chargement = arbre.Generation();
+    Base base = OpenDatabase(BaseCourante());
+    Recordset lignes = base.OpenRecordset(requete);
+    const int64_t nombre = lignes.RecordCount();
+    if (ecoute.statut)
+        ecoute.statut(Str(nombre) + " Objet(s)");
+
+    const ChampsItem champs(lignes);
+    TextesItem textes;
+    ExtensionsLues extensions;
+    for (int64_t i = 0; !lignes.Eof(); lignes.MoveNext(), ++i) {
+        Ceder();
+        if (liste.Generation() != lecture || arbre.Generation() != chargement || arbre.CleSelection() == arbre.Tag())
+            return;
+        if (ecoute.progression && i % 256 == 0)
+            ecoute.progression(static_cast<double>(i) / static_cast<double>(nombre));
+
+        ItemListe item = FaireItem(lignes, champs, EstCleArchive(cle), textes);
+        if (item.EstRepertoire()) {
+            liste.Ajouter(item);
+            arbre.Ajouter(noeud, item.cle, lignes.Texte(champs.nom), ImageRepertoire, ImageRepertoireOuvert);
+            continue;
+        }
+        const std::string extension = ExtensionFichier(lignes.Texte(champs.nom));
+        extensions.Noter(extension);
+        item.icone = icones.Chercher(extension);
+        liste.Ajouter(item);
+        if (EstExtensionArchive(extension))
+            arbre.Ajouter(noeud, CleArchive(lignes.Entier(champs.num), lignes.Entier(champs.catalogue)),
+                          item.cellules[ColNom]);
+    }
+}
+
+std::string LireDescriptionItem(TypeItem type, const CleItem& cle, std::string_view nom, std::string& photo)
+{
+    photo.clear();
+    if (cle.catalogue.empty())
+        return {};
+    Base base = OpenDatabase(BaseCourante());
+    Recordset lignes;
+    if (type == TypeItem::Repertoire) {
+        const std::string debut =
+            "Select * from Liste where NCAtalogue = " + cle.catalogue + " and RepertoirePere = '" + cle.code;
+        const std::string fin = std::string(nom) + "' order by nom asc";
+        lignes = base.OpenRecordset(debut + "' and Nom = '" + fin);
+        if (lignes.Eof())
+            lignes = base.OpenRecordset(debut + "' and Alias = '" + fin);
+    } else {
+        lignes = base.OpenRecordset("Select * from Liste where Num = " + cle.code + " order by nom asc");
+    }
+    if (lignes.Eof() || lignes.EstNul("Description"))
+        return {};
+    return SeparerPhoto(lignes.Texte("Description"), photo);
+}

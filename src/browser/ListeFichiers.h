@@ -1,0 +1,120 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "browser/ArbreCatalogue.h"
+#include "browser/TextesRanges.h"
+#include "store/Recordset.h"
+
+enum ColonneListe { ColNom, ColTaille, ColType, ColDate, ColHeure, ColAttribut, ColDescription, NombreColonnes };
+
+struct EnTeteColonne {
+    const char* cle;
+    const char* titre;
+    int largeur;  // twips
+};
+
+inline constexpr std::array<EnTeteColonne, NombreColonnes> EnTetesListe = {{
+    {"nam", "Nom Fichier", 5000},
+    {"siz", "Taille", 1100},
+    {"typ", "Type", 1400},
+    {"mod", "Date", 1000},
+    {"tim", "Heure", 1100},
+    {"atr", "Atribut", 1000},
+    {"Desc", "Description", 1500},
+}};
+
+// One entry as shown. A directory is what has the icon ImageRepertoire, and nothing else.
+struct ItemListe {
+    std::string_view cle;
+    std::array<std::string_view, NombreColonnes> cellules;
+    int32_t icone = ImageGenerique;
+
+    bool EstRepertoire() const { return icone == ImageRepertoire; }
+};
+
+// Key of an item taken apart: media number, and directory code or row number.
+struct CleItem {
+    std::string catalogue, code;
+};
+CleItem AnalyserCleItem(std::string_view cle);
+
+// The entries of one directory, in one array, with the order in which they are shown.
+class ListeFichiers
+{
+public:
+    void Vider();
+    void Ajouter(const ItemListe& item);  // takes copies of the texts
+
+    int32_t Nombre() const { return static_cast<int32_t>(ordre_.size()); }
+    // By place on the screen.
+    const ItemListe& operator[](int32_t rang) const { return items_[static_cast<size_t>(Indice(rang))]; }
+    // Place in order of arrival of what stands at `rang` on the screen.
+    int32_t Indice(int32_t rang) const { return ordre_[static_cast<size_t>(rang)]; }
+
+    // By the text of a column, in French order; equal texts stay in the order of arrival.
+    void Trier(int colonne, bool decroissant);
+
+    // Key of the node whose entries these are.
+    const std::string& CleLue() const { return cleLue_; }
+    void FixerCleLue(std::string_view cle) { cleLue_ = cle; }
+    uint64_t Generation() const { return generation_; }  // changes with each Vider
+
+private:
+    std::vector<ItemListe> items_;
+    std::vector<int32_t> ordre_;
+    TextesRanges textes_;
+    std::string cleLue_;
+    uint64_t generation_ = 0;
+};
+
+// Icon values of file extensions: ImageGenerique for one that the desktop does not know.
+class IconesExtensions
+{
+public:
+    static constexpr int32_t Premiere = 100;
+
+    int32_t Chercher(const std::string& extension);
+    // Extension behind an icon value from Premiere on.
+    const std::string& Extension(int32_t icone) const { return extensions_[static_cast<size_t>(icone - Premiere)]; }
+
+private:
+    std::map<std::string, int32_t> icones_;
+    std::vector<std::string> extensions_;
+};
+
+// Fields of `Liste` that an item shows, looked up once for many rows.
+struct ChampsItem {
+    explicit ChampsItem(Recordset& lignes);
+    int num, catalogue, code, nom, alias, taille, type, date, heure, attribut, description;
+};
+
+// Cells and key of the current row; `date` lends its place to the date's text. All else stays in the row.
+struct TextesItem {
+    std::string cle, date;
+};
+ItemListe FaireItem(Recordset& lignes, const ChampsItem& champs, bool dansArchive, TextesItem& textes);
+
+// The extensions whose files stand in the tree.
+bool EstExtensionArchive(std::string_view extension);
+
+struct EcouteLecture {
+    std::function<void(double part)> progression;          // 0 to 1
+    std::function<void(const std::string& texte)> statut;  // " 12 Objet(s)"
+};
+
+// Reads what the selected node holds into the list, and the directories and archives among it into the tree. Stops when
+// events that it let run have shown another node meanwhile.
+void LectureListeFichiers(ArbreCatalogue& arbre, ListeFichiers& liste, IconesExtensions& icones,
+                          const EcouteLecture& ecoute = {});
+
+enum class TypeItem { Repertoire, Fichier };  // "Rep", "Fic"
+
+// Description of an item, by directory code and name or by row number.
+std::string LireDescriptionItem(TypeItem type, const CleItem& cle, std::string_view nom, std::string& photo);
