@@ -1,0 +1,298 @@
+#include "store/Connexion.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include "platform/Ceder.h"
+#include "platform/Fichier.h"
+#include "platform/Fichiers.h"
+#include "platform/Texte.h"
+#include "store/Motif.h"
+
+namespace
+{
+
+constexpr std::string_view Signature("SQLite format 3\0", 16);
+constexpr int OperationsParPas = 10000;  // of the engine's machine, some 0.1 ms
+
+// Set while a query on this thread lets events run: the engine must then not be entered again.
+thread_local bool dansUnPas = false;
+
+int Pas(void*)
+{
+    if (dansUnPas)
+        return 0;
+    dansUnPas = true;
+    Ceder();
+    dansUnPas = false;
+    return 0;
+}
+
+int Comparer(void*, int longueurGauche, const void* gauche, int longueurDroite, const void* droite)
+{
+    return ComparerFrancais({static_cast<const char*>(gauche), static_cast<size_t>(longueurGauche)},
+                            {static_cast<const char*>(droite), static_cast<size_t>(longueurDroite)});
+}
+
+std::string_view Argument(sqlite3_value* valeur)
+{
+    const auto* texte = reinterpret_cast<const char*>(sqlite3_value_text(valeur));
+    if (!texte)
+        return {};
+    return {texte, static_cast<size_t>(sqlite3_value_bytes(valeur))};
+}
+
+void DetruireMotif(void* motif)
+{
+    delete static_cast<Motif*>(motif);
+}
+
+// comme(motif, texte): the pattern is constant in a query and compiled once.
+void Comme(sqlite3_context* contexte, int, sqlite3_value** arguments)
+{
+    if (sqlite3_value_type(arguments[1]) == SQLITE_NULL)
+        return;
+    auto* motif = static_cast<Motif*>(sqlite3_get_auxdata(contexte, 0));
+    if (motif) {
+        sqlite3_result_int(contexte, motif->Correspond(Argument(arguments[1])));
+        return;
+    }
+    motif = new Motif(Argument(arguments[0]));
+    sqlite3_result_int(contexte, motif->Correspond(Argument(arguments[1])));
+    sqlite3_set_auxdata(contexte, 0, motif, DetruireMotif);
+}
+
+bool PorteSignature(const std::string& chemin)
+{
+    if (!FichierExiste(chemin))
+        return false;
+    char debut[Signature.size()];
+    const Fichier fichier(chemin);
+    return fichier.Lire(0, debut, sizeof debut) == sizeof debut && Signature == std::string_view(debut, sizeof debut);
+}
+
+enum class Examen { Base, Autre, Illisible };
+
+constexpr const char* CompterTables =
+    "select count(*) from sqlite_master where type = 'table' and rootpage > 0 and lower(name) in ('catalogue', "
+    "'liste')";
+
+int64_t Nombre(sqlite3* db, const char* texte)
+{
+    sqlite3_stmt* enonce = nullptr;
+    if (sqlite3_prepare_v2(db, texte, -1, &enonce, nullptr) != SQLITE_OK)
+        return -1;
+    const Enonce garde(enonce);
+    return sqlite3_step(enonce) == SQLITE_ROW ? sqlite3_column_int64(enonce, 0) : -1;
+}
+
+// Errors of the disk or the file, after which the rows written before can't be trusted to stay.
+bool CouteLaTransaction(int etat)
+{
+    switch (etat) {
+        case SQLITE_FULL:
+        case SQLITE_IOERR:
+        case SQLITE_CANTOPEN:
+        case SQLITE_READONLY:
+        case SQLITE_CORRUPT:
+        case SQLITE_NOMEM: return true;
+        default: return false;
+    }
+}
+
+// Looks at the schema without locks and without recovery, so that nothing can be written whatever the file is.
+Examen Examiner(const std::string& chemin)
+{
+    std::string uri = "file:";
+    for (const char c : chemin) {
+        static constexpr char Hexa[] = "0123456789abcdef";
+        const auto octet = static_cast<unsigned char>(c);
+        if (c == '%' || c == '?' || c == '#')
+            uri += {'%', Hexa[octet >> 4], Hexa[octet & 15]};
+        else
+            uri += c;
+    }
+    uri += "?immutable=1";
+    sqlite3* db = nullptr;
+    const int etat = sqlite3_open_v2(uri.c_str(), &db, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr);
+    const int64_t nombre = etat == SQLITE_OK ? Nombre(db, CompterTables) : -1;
+    sqlite3_close(db);
+    if (nombre < 0)
+        return Examen::Illisible;
+    return nombre == 2 ? Examen::Base : Examen::Autre;
+}
+
+}  // namespace
+
+bool MemeNom(std::string_view a, std::string_view b)
+{
+    return a.size() == b.size() && sqlite3_strnicmp(a.data(), b.data(), static_cast<int>(a.size())) == 0;
+}
+
+std::string PremierMot(std::string_view texte)
+{
+    const size_t debut = texte.find_first_not_of(" \t\r\n");
+    std::string mot;
+    for (size_t i = debut; i < texte.size(); ++i) {
+        const char c = static_cast<char>(texte[i] | 0x20);
+        if (c < 'a' || c > 'z')
+            break;
+        mot += c;
+    }
+    return mot;
+}
+
+std::string EntreGuillemets(std::string_view nom)
+{
+    std::string resultat = "\"";
+    for (const char c : nom) {
+        if (c == '"')
+            resultat += c;
+        resultat += c;
+    }
+    return resultat + '"';
+}
+
+Connexion::~Connexion()
+{
+    for (Attache* attache : std::vector<Attache*>(attaches))
+        attache->Detacher();
+    sqlite3_close_v2(db);
+}
+
+bool Connexion::Ouvrir(const std::string& chemin)
+{
+    if (!PorteSignature(chemin))
+        return false;
+    // A torn schema may be the work of a crash, which the journal beside the base undoes.
+    const Examen examen = Examiner(chemin);
+    if (examen == Examen::Autre || (examen == Examen::Illisible && !FichierExiste(chemin + "-journal")))
+        return false;
+
+    const int modes = SQLITE_OPEN_READWRITE | SQLITE_OPEN_FULLMUTEX;
+    if (sqlite3_open_v2(chemin.c_str(), &db, modes, nullptr) != SQLITE_OK || sqlite3_db_readonly(db, "main") != 0)
+        return false;
+    sqlite3_db_config(db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+    sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+    const char* reglages =
+        "pragma locking_mode = exclusive; pragma cell_size_check = on; pragma cache_size = -32768;"
+        "begin exclusive; commit; pragma journal_mode = delete; pragma synchronous = full";
+    if (sqlite3_exec(db, reglages, nullptr, nullptr, nullptr) != SQLITE_OK || Nombre(db, CompterTables) != 2)
+        return false;
+    sqlite3_create_collation(db, "francais", SQLITE_UTF8, nullptr, Comparer);
+    sqlite3_create_function(db, "comme", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY, nullptr, Comme,
+                            nullptr, nullptr);
+    sqlite3_progress_handler(db, OperationsParPas, Pas, nullptr);
+    return true;
+}
+
+Enonce Connexion::Preparer(std::string_view texte)
+{
+    if (dansUnPas || texte.find('\0') != std::string_view::npos)
+        return nullptr;
+    sqlite3_stmt* enonce = nullptr;
+    const char* reste = nullptr;
+    if (sqlite3_prepare_v2(db, texte.data(), static_cast<int>(texte.size()), &enonce, &reste) != SQLITE_OK)
+        return nullptr;
+    Enonce resultat(enonce);
+    texte.remove_prefix(static_cast<size_t>(reste - texte.data()));
+    return texte.find_first_not_of(" \t\r\n") == std::string_view::npos ? std::move(resultat) : nullptr;
+}
+
+bool Connexion::Terminer(sqlite3_stmt* enonce)
+{
+    if (!enonce || dansUnPas || !PeutEcrire())
+        return false;
+    int etat = SQLITE_ROW;
+    while (etat == SQLITE_ROW)
+        etat = sqlite3_step(enonce);
+    sqlite3_reset(enonce);
+    if (etat == SQLITE_DONE)
+        return true;
+    if (enTransaction && CouteLaTransaction(etat & 0xff) && !sqlite3_get_autocommit(db))
+        sqlite3_exec(db, "rollback", nullptr, nullptr, nullptr);
+    return false;
+}
+
+bool Connexion::Executer(std::string_view texte)
+{
+    return Terminer(Preparer(texte).get());
+}
+
+int64_t Connexion::Valeur(std::string_view texte, int64_t absent)
+{
+    const Enonce enonce = Preparer(texte);
+    if (!enonce || sqlite3_step(enonce.get()) != SQLITE_ROW)
+        return absent;
+    return sqlite3_column_int64(enonce.get(), 0);
+}
+
+std::shared_ptr<TableBase> Connexion::Table(std::string_view nom)
+{
+    const std::lock_guard garde(verrou_);
+    std::string cle(nom);
+    for (char& c : cle)
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
+    if (const auto place = tables_.find(cle); place != tables_.end())
+        return place->second;
+
+    const Enonce enonce = Preparer(
+        "select c.name, c.pk, lower(c.type), m.name from sqlite_master m, pragma_table_info(m.name) c"
+        " where m.type = 'table' and m.name = ?1 collate nocase order by c.cid");
+    if (!enonce)
+        return nullptr;
+    sqlite3_bind_text(enonce.get(), 1, nom.data(), static_cast<int>(nom.size()), SQLITE_STATIC);
+    auto table = std::make_shared<TableBase>();
+    const auto texte = [&enonce](int colonne) {
+        const auto* debut = reinterpret_cast<const char*>(sqlite3_column_text(enonce.get(), colonne));
+        return std::string(debut ? debut : "");
+    };
+    while (sqlite3_step(enonce.get()) == SQLITE_ROW) {
+        if (sqlite3_column_int(enonce.get(), 1) == 1 && texte(2) == "integer")
+            table->compteur = static_cast<int>(table->colonnes.size());
+        table->colonnes.push_back(texte(0));
+        table->nom = texte(3);
+    }
+    if (table->colonnes.empty())
+        return nullptr;
+    tables_.emplace(std::move(cle), table);
+    return table;
+}
+
+int64_t Connexion::Reserver(TableBase& table)
+{
+    const std::lock_guard garde(verrou_);
+    if (table.dernierNumero < 0) {
+        const int64_t plusGrand = Valeur("select max(rowid) from " + EntreGuillemets(table.nom), 0);
+        int64_t compte = 0;
+        if (const Enonce enonce = Preparer("select seq from sqlite_sequence where name = ?1")) {
+            sqlite3_bind_text(enonce.get(), 1, table.nom.c_str(), -1, SQLITE_STATIC);
+            if (sqlite3_step(enonce.get()) == SQLITE_ROW)
+                compte = sqlite3_column_int64(enonce.get(), 0);
+        }
+        table.dernierNumero = std::max<int64_t>({plusGrand, compte, 0});
+    }
+    if (table.dernierNumero == INT64_MAX)
+        return 0;
+    return ++table.dernierNumero;
+}
+
+void Connexion::OublierCompteurs()
+{
+    const std::lock_guard garde(verrou_);
+    for (auto& [nom, table] : tables_) {
+        if (table->dernierNumero < 0)
+            continue;
+        // Numbers given out and not yet written stay taken.
+        const int64_t plusGrand = Valeur("select max(rowid) from " + EntreGuillemets(table->nom), 0);
+        table->dernierNumero = std::max(table->dernierNumero, plusGrand);
+    }
+}
+
+void Connexion::OublierTables()
+{
+    const std::lock_guard garde(verrou_);
+    tables_.clear();
+}

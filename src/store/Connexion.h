@@ -1,0 +1,75 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <sqlite3.h>
+
+// Inside of the store only: the connection that all openings of one base share.
+
+struct FinirEnonce {
+    void operator()(sqlite3_stmt* enonce) const { sqlite3_finalize(enonce); }
+};
+using Enonce = std::unique_ptr<sqlite3_stmt, FinirEnonce>;
+
+// A table as the connection knows it, with the last counter value given out (-1: not asked yet).
+struct TableBase {
+    std::string nom;
+    std::vector<std::string> colonnes;
+    int compteur = -1;  // place of the column that is the row's number
+    int64_t dernierNumero = -1;
+};
+
+// A record set that must let go of the connection before it closes.
+struct Attache {
+    virtual ~Attache() = default;
+    virtual void Detacher() = 0;
+};
+
+struct Connexion {
+    Connexion() = default;
+    ~Connexion();
+    Connexion(const Connexion&) = delete;
+    Connexion& operator=(const Connexion&) = delete;
+
+    // False, and the file untouched, for all that OpenDatabase refuses.
+    bool Ouvrir(const std::string& chemin);
+
+    // One statement of SQLite's own dialect; null when it is refused, or when called out of a query's progress.
+    Enonce Preparer(std::string_view texte);
+    // Runs a statement to its end. A full disk or a broken file costs the whole transaction.
+    bool Terminer(sqlite3_stmt* enonce);
+    bool Executer(std::string_view texte);
+    // First column of the first row; `absent` without one.
+    int64_t Valeur(std::string_view texte, int64_t absent);
+    // False while a transaction is open in name only, lost to an error.
+    bool PeutEcrire() const { return !enTransaction || !sqlite3_get_autocommit(db); }
+
+    // Null for a table that is not there.
+    std::shared_ptr<TableBase> Table(std::string_view nom);
+    // Gives out the next number of a table; 0 when there is none left.
+    int64_t Reserver(TableBase& table);
+    void OublierCompteurs();
+    void OublierTables();
+
+    sqlite3* db = nullptr;
+    bool enTransaction = false;
+    std::vector<Attache*> attaches;
+
+private:
+    std::recursive_mutex verrou_;  // the tables; rows are guarded by the engine itself
+    std::map<std::string, std::shared_ptr<TableBase>, std::less<>> tables_;
+};
+
+// Without regard to case in A-Z.
+bool MemeNom(std::string_view a, std::string_view b);
+// First word of a statement, in lower case.
+std::string PremierMot(std::string_view texte);
+std::string EntreGuillemets(std::string_view nom);
+
+// True while a base is open in this process by this path.
+bool BaseOuverteIci(const std::string& chemin);
