@@ -29,7 +29,8 @@ private:
 };
 
 // Shows it over the active window.
-class FrmChoixLecteur : public ChoixLecteur {
+class FrmChoixLecteur : public ChoixLecteur
+{
 public:
     char Choisir(const MediaDemande& media) override;
 };
