@@ -13,6 +13,7 @@
 
 int main(int argc, char** argv)
 {
+    Q_INIT_RESOURCE(velourne);
     QApplication application(argc, argv);
     setlocale(LC_NUMERIC, "C");
     QApplication::setApplicationName("velourne");
