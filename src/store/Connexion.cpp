@@ -296,7 +296,7 @@ bool Connexion::Inserer(const std::shared_ptr<TableBase>& table, int64_t numero,
         return false;
     if (enAttente_ && enAttente_->table != table && !Vider())
         return false;
-    Lot& lot = LotDe(table);
+    Lot& lot = enAttente_ ? *enAttente_ : LotDe(table);
     if (!lot.une)
         return false;
     lot.numeros[lot.nombre] = numero;
