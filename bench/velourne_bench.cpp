@@ -165,7 +165,62 @@ void Extraire(const Arguments& arguments)
     ImprimerMemoire();
 }
 
-//ARBRE
+void Arbre(const Arguments& arguments)
+{
+    OuvrirBase(arguments[1], false);
+    const Chronometre chronometre;
+    ArbreCatalogue arbre;
+    ChargerArbre(arbre);
+    fmt::print("noeuds: {}\nsecondes: {:.3f}\n", arbre.Nombre(), chronometre.Secondes());
+    ImprimerMemoire();
+}
+
+// A cell on one line: tabs and line ends inside names are shown escaped.
+std::string EnUneLigne(std::string_view cellule)
+{
+    std::string ligne;
+    for (const char c : cellule)
+        ligne += c == '\t' ? "\\t" : c == '\n' ? "\\n" : c == '\r' ? "\\r" : std::string(1, c);
+    return ligne;
+}
+
+// Keys begin with a blank, which a caller may leave out. A node that only clicks would make is made below its media.
+int32_t ChercherNoeud(ArbreCatalogue& arbre, const std::string& cle)
+{
+    for (const std::string& essai : {cle, ' ' + cle})
+        if (const int32_t noeud = arbre.Chercher(essai); noeud != ArbreCatalogue::Aucun)
+            return noeud;
+    const CleNoeud analyse = AnalyserCle(cle);
+    const int32_t media =
+        analyse.valide ? arbre.Chercher(' ' + analyse.catalogue + "-000000001") : ArbreCatalogue::Aucun;
+    if (media == ArbreCatalogue::Aucun)
+        throw std::runtime_error("clé inconnue : " + cle);
+    return arbre.Ajouter(media, analyse.archive ? cle : CleRepertoire(Nombre(analyse.catalogue), analyse.code), "");
+}
+
+void Dossier(const Arguments& arguments)
+{
+    OuvrirBase(arguments[1], false);
+    ArbreCatalogue arbre;
+    ChargerArbre(arbre);
+    arbre.Selectionner(ChercherNoeud(arbre, arguments[2]));
+
+    const Chronometre chronometre;
+    ListeFichiers liste;
+    IconesExtensions icones;
+    LectureListeFichiers(arbre, liste, icones);
+    const double secondes = chronometre.Secondes();
+
+    for (int32_t rang = 0; rang < liste.Nombre(); ++rang) {
+        std::string ligne;
+        for (const std::string_view cellule : liste[rang].cellules)
+            ligne.append(EnUneLigne(cellule)).append("\t");
+        ligne.back() = '\n';
+        fmt::print("{}", ligne);
+    }
+    fmt::print("objets: {}\nsecondes: {:.3f}\n", liste.Nombre(), secondes);
+    ImprimerMemoire();
+}
 
 struct Commande {
     std::string_view nom;

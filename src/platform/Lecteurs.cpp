@@ -106,13 +106,15 @@ void EcrireLettres(const std::map<char, Lettre>& avant, const std::map<char, Let
         const auto ancienne = avant.find(lettre);
         if (ancienne != avant.end() && ancienne->second == cible)
             continue;
-        if (!cible.volume.empty())
+        if (cible.volume.empty())
+            unlink(LienDeVolume(lettre).c_str());
+        else
             EcrireLien(LienDeVolume(lettre), cible.volume);
         EcrireLien(LienDeLettre(lettre), cible.cible);
     }
 }
 
-// Device number of a block device, 0 for anything else.
+// Device number of a block device below /dev, 0 for anything else.
 dev_t NumeroDeBloc(const std::string& chemin)
 {
     struct stat etat {
@@ -266,8 +268,6 @@ std::string PointDuPeripherique(dev_t numero)
 // A volume that was taken out leaves its mount point behind: the letter then leads nowhere.
 bool VolumePresent(const Lettre& lettre)
 {
-    if (lettre.volume.empty())
-        return true;
     const std::vector<Montage> montages = MontagesMachine();
     const auto dernier = std::find_if(montages.rbegin(), montages.rend(),
                                       [&](const Montage& montage) { return montage.point == lettre.cible; });
@@ -276,11 +276,11 @@ bool VolumePresent(const Lettre& lettre)
 
 std::string RacineDe(const Lettre& lettre)
 {
-    if (lettre.cible.empty())
-        return {};
     if (const dev_t numero = NumeroDeBloc(lettre.cible); numero != 0)
         return PointDuPeripherique(numero);
-    return VolumePresent(lettre) && DossierExiste(lettre.cible) ? lettre.cible : std::string();
+    if (!lettre.volume.empty())  // mounted is enough: a share that does not answer would block any question
+        return VolumePresent(lettre) ? lettre.cible : std::string();
+    return DossierExiste(lettre.cible) ? lettre.cible : std::string();
 }
 
 std::string LireAttributSysteme(const fs::path& chemin)
@@ -410,10 +410,8 @@ bool DonnerLettre(char lettre, const std::string& dossier)
     if (!LettreValide(lettre) || dossier.empty())
         return false;
     std::error_code erreur;
-    if (!EcrireLien(LienDeLettre(lettre), fs::absolute(dossier, erreur).string()))
-        return false;
     unlink(LienDeVolume(lettre).c_str());
-    return true;
+    return EcrireLien(LienDeLettre(lettre), fs::absolute(dossier, erreur).string());
 }
 
 char LettreDuDossier(const std::string& dossier)

@@ -26,6 +26,10 @@ std::string Chiffres(double valeur, int decimales)
 {
     if (valeur >= 1e15)
         return fmt::format("{:.0f}", valeur) + std::string(static_cast<size_t>(decimales), '0');
+    const double entier = valeur * std::pow(10, decimales);
+    const bool loinDuDemi = std::fabs(entier - std::floor(entier) - 0.5) > 1e-3;
+    if (loinDuDemi && entier < 1e11)
+        return fmt::format("{}", std::llround(entier));
     const std::string scientifique = fmt::format("{:.14e}", valeur);
     std::string chiffres = scientifique.substr(0, 1) + scientifique.substr(2, 14);
     const int gardes = std::stoi(scientifique.substr(17)) + 1 + decimales;

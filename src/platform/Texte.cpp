@@ -1,6 +1,8 @@
 #include "platform/Texte.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <vector>
@@ -167,6 +169,16 @@ private:
     uint32_t enAttente_ = 0;
 };
 
+// Length of the beginning that both texts share, back to an ASCII character: nothing behind it changes what precedes.
+size_t DebutCommun(std::string_view gauche, std::string_view droite)
+{
+    const auto fin = gauche.begin() + static_cast<std::ptrdiff_t>(std::min(gauche.size(), droite.size()));
+    size_t commun = static_cast<size_t>(std::mismatch(gauche.begin(), fin, droite.begin()).first - gauche.begin());
+    while (commun > 0 && Octet(gauche, --commun) >= 0x80) {
+    }
+    return commun;
+}
+
 int Signe(uint32_t gauche, uint32_t droite)
 {
     return gauche < droite ? -1 : gauche > droite ? 1 : 0;
@@ -311,6 +323,9 @@ char32_t SansCasse(char32_t caractere)
 
 int ComparerFrancais(std::string_view gauche, std::string_view droite)
 {
+    const size_t commun = DebutCommun(gauche, droite);
+    gauche.remove_prefix(commun);
+    droite.remove_prefix(commun);
     Lettres lettresGauche(gauche);
     Lettres lettresDroite(droite);
     int accents = 0;

@@ -6,10 +6,34 @@
 #include <QLocale>
 #include <QTranslator>
 
+#include "browser/frmView.h"
+#include "extraction/FrmGetDrive.h"
 #include "platform/Bureau.h"
 #include "platform/Ceder.h"
 #include "shell/FenetreDialogues.h"
+#include "shell/FrmExit.h"
 #include "shell/FrmMain.h"
+
+namespace
+{
+
+FrmMain::Vue CreerVue(FrmMain& principale, Dialogues& dialogues)
+{
+    auto fenetre = std::make_unique<frmView>(dialogues);
+    frmView* vue = fenetre.get();
+    vue->demanderAjout = [&principale] { principale.AjouterMedias(); };
+    vue->demanderQuitter = [&principale, vue] { principale.Quitter(vue); };
+    vue->fermer = [&principale] { return principale.FermerVue(); };
+    vue->choisirLecteur = [vue](const MediaDemande& media) {
+        return DemanderLecteur({media.label, media.identifiant, media.icone, media.invite}, vue);
+    };
+    const auto charger = [vue](FrmExit& attente) {
+        vue->ChargerArbre([&attente](double part) { attente.Avancer("Chargement en cours ...", part); });
+    };
+    return {std::move(fenetre), charger};
+}
+
+}  // namespace
 
 int main(int argc, char** argv)
 {
@@ -35,7 +59,7 @@ int main(int argc, char** argv)
     }
 
     FixerPompe([] { QCoreApplication::processEvents(); });
-    FrmMain principale(dialogues, nullptr);
+    FrmMain principale(dialogues, [&](FrmMain& p) { return CreerVue(p, dialogues); });
     principale.show();
     return QApplication::exec();
 }

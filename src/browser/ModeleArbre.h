@@ -1,0 +1,42 @@
+#pragma once
+
+#include <unordered_map>
+#include <vector>
+
+#include <QAbstractItemModel>
+
+#include "browser/ArbreCatalogue.h"
+#include "browser/ModeleImages.h"
+
+// Shows the catalogue tree to a view. Children are counted out only below nodes that the view has asked about.
+class ModeleArbre : public QAbstractItemModel
+{
+public:
+    ModeleArbre(const ArbreCatalogue& arbre, ModeleImages& images, QObject* parent);
+
+    // Hides everything while the tree is being filled, and shows it again.
+    void Retirer();
+    void Annoncer();
+
+    // Tells the view of children that have come below a node, and of a node's new colour or text.
+    void AnnoncerEnfants(int32_t noeud);
+    void AnnoncerNoeud(int32_t noeud);
+
+    QModelIndex Index(int32_t noeud) const;
+    static int32_t Noeud(const QModelIndex& index);
+
+    QModelIndex index(int rang, int colonne, const QModelIndex& parent = {}) const override;
+    QModelIndex parent(const QModelIndex& index) const override;
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    bool hasChildren(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    const std::vector<int32_t>& Enfants(int32_t noeud) const;
+
+    const ArbreCatalogue& arbre_;
+    ModeleImages& images_;
+    bool visible_ = false;
+    mutable std::unordered_map<int32_t, std::vector<int32_t>> enfants_;
+};

@@ -1,0 +1,75 @@
+#include "browser/ModeleListe.h"
+
+#include <QIcon>
+
+ModeleListe::ModeleListe(ListeFichiers& liste, ModeleImages& images, QObject* parent)
+    : QAbstractTableModel(parent), liste_(liste), images_(images)
+{
+}
+
+void ModeleListe::Retirer()
+{
+    beginResetModel();
+    nombre_ = 0;
+    endResetModel();
+}
+
+void ModeleListe::Annoncer()
+{
+    beginResetModel();
+    nombre_ = liste_.Nombre();
+    endResetModel();
+}
+
+void ModeleListe::Trier(int colonne, bool decroissant)
+{
+    emit layoutAboutToBeChanged({}, VerticalSortHint);
+    const QModelIndexList anciens = persistentIndexList();
+    std::vector<int32_t> indices;
+    for (const QModelIndex& index : anciens)
+        indices.push_back(liste_.Indice(index.row()));
+    liste_.Trier(colonne, decroissant);
+
+    std::vector<int> rangs(anciens.isEmpty() ? 0 : static_cast<size_t>(liste_.Nombre()));
+    for (size_t rang = 0; rang < rangs.size(); ++rang)
+        rangs[static_cast<size_t>(liste_.Indice(static_cast<int32_t>(rang)))] = static_cast<int>(rang);
+    QModelIndexList nouveaux;
+    for (qsizetype i = 0; i < anciens.size(); ++i) {
+        const auto indice = static_cast<size_t>(indices[static_cast<size_t>(i)]);
+        nouveaux.append(index(rangs[indice], anciens[i].column()));
+    }
+    changePersistentIndexList(anciens, nouveaux);
+    emit layoutChanged({}, VerticalSortHint);
+}
+
+int ModeleListe::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : nombre_;
+}
+
+int ModeleListe::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : NombreColonnes;
+}
+
+QVariant ModeleListe::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid() || index.row() >= nombre_)
+        return {};
+    const ItemListe& item = liste_[index.row()];
+    if (role == Qt::DecorationRole && index.column() == ColNom)
+        return images_.DeItem(item.icone);
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
+        return {};
+    if (role == Qt::ToolTipRole && index.column() != ColNom)
+        return {};
+    const std::string_view texte = item.cellules[static_cast<size_t>(index.column())];
+    return QString::fromUtf8(texte.data(), static_cast<qsizetype>(texte.size()));
+}
+
+QVariant ModeleListe::headerData(int section, Qt::Orientation sens, int role) const
+{
+    if (sens != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= NombreColonnes)
+        return {};
+    return QString::fromUtf8(EnTetesListe[static_cast<size_t>(section)].titre);
+}

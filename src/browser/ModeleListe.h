@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QAbstractTableModel>
+
+#include "browser/ListeFichiers.h"
+#include "browser/ModeleImages.h"
+
+// Shows the file list to its views.
+class ModeleListe : public QAbstractTableModel
+{
+public:
+    ModeleListe(ListeFichiers& liste, ModeleImages& images, QObject* parent);
+
+    // Hides everything while the list is being filled, and shows it again.
+    void Retirer();
+    void Annoncer();
+
+    // Sorts the list; the selected item stays selected.
+    void Trier(int colonne, bool decroissant);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation sens, int role) const override;
+
+private:
+    ListeFichiers& liste_;
+    ModeleImages& images_;
+    int nombre_ = 0;
+};
