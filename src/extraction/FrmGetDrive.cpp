@@ -87,7 +87,7 @@ void FrmGetDrive::Valider()
     accept();
 }
 
-char FrmChoixLecteur::Choisir(const MediaDemande& media)
+char DemanderLecteur(const MediaDemande& media)
 {
     FrmGetDrive fenetre(media, QApplication::activeWindow());
     fenetre.exec();

@@ -88,13 +88,11 @@ protected:
 
     std::string TexteOK() const { return ok_->text().remove('&').toStdString(); }
 
-    void GrandDisque()
+    void GrandDisque(int dossiers)
     {
-        for (int dossier = 0; dossier < 100; ++dossier)
-            for (int fichier = 0; fichier < 80; ++fichier)
-                Ecrire(disque_ / fmtNom("d", dossier) / fmtNom("f", fichier), "x");
+        for (int fichier = 0; fichier < dossiers * 100; ++fichier)
+            Ecrire(disque_ / std::to_string(fichier / 100) / std::to_string(fichier), "");
     }
-    static std::string fmtNom(const char* prefixe, int numero) { return prefixe + std::to_string(numero); }
 
     Questions questions_;
     std::unique_ptr<FrmSemiAuto> fenetre_;
@@ -225,7 +223,7 @@ TEST_F(Assistant, ReadsAMediaAndTellsWhatItFound)
 
 TEST_F(Assistant, AbandonLeavesNoRow)
 {
-    GrandDisque();
+    GrandDisque(30);
     ChoisirDisque();
     Saisir("CD 1", "Vacances");
     questions_.oui = false;
@@ -254,7 +252,7 @@ TEST_F(Assistant, AbandonAnsweredAfterTheEnd)
 
 TEST_F(Assistant, ClosingDuringARunAsksAndWaits)
 {
-    GrandDisque();
+    GrandDisque(5);
     ChoisirDisque();
     Saisir("CD 1", "Vacances");
     ok_->click();
@@ -271,7 +269,7 @@ TEST_F(Assistant, ClosingDuringARunAsksAndWaits)
 
 TEST_F(Assistant, DestroyedDuringARunLeavesNoThread)
 {
-    GrandDisque();
+    GrandDisque(5);
     ChoisirDisque();
     Saisir("CD 1", "Vacances");
     ok_->click();
