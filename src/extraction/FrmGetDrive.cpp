@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -16,7 +17,7 @@
 #include "extraction/bsDrive.h"
 #include "platform/Lecteurs.h"
 
-FrmGetDrive::FrmGetDrive(const MediaAInserer& media, QWidget* parent)
+FrmGetDrive::FrmGetDrive(const MediaDemande& media, QWidget* parent)
     : QDialog(parent), identifiant_(media.identifiant), liste_(new QTreeWidget)
 {
     setWindowTitle("Insérer le média");
@@ -86,9 +87,9 @@ void FrmGetDrive::Valider()
     accept();
 }
 
-char DemanderLecteur(const MediaAInserer& media, QWidget* parent)
+char FrmChoixLecteur::Choisir(const MediaDemande& media)
 {
-    FrmGetDrive fenetre(media, parent);
+    FrmGetDrive fenetre(media, QApplication::activeWindow());
     fenetre.exec();
     return fenetre.Lettre();
 }

@@ -5,20 +5,15 @@
 
 #include <QDialog>
 
-class QTreeWidget;
+#include "browser/OuvrirFichier.h"
 
-// The media that must be put in.
-struct MediaAInserer {
-    std::string label, identifiant;
-    std::string icone;   // bytes of its icon file; may be empty
-    std::string invite;  // what is said of the present drive; may be empty
-};
+class QTreeWidget;
 
 // The drive chooser: asks for a media and for the drive in which it now is.
 class FrmGetDrive : public QDialog
 {
 public:
-    explicit FrmGetDrive(const MediaAInserer& media, QWidget* parent = nullptr);
+    explicit FrmGetDrive(const MediaDemande& media, QWidget* parent = nullptr);
 
     // Capital letter of the chosen drive, 0 when none was.
     char Lettre() const { return lettre_; }
@@ -33,5 +28,9 @@ private:
     char lettre_ = 0;
 };
 
-// Shows it modally; the letter chosen is kept for the media. Returns the capital letter, 0 when the user gave up.
-char DemanderLecteur(const MediaAInserer& media, QWidget* parent);
+// Shows it over the active window.
+class FrmChoixLecteur : public ChoixLecteur
+{
+public:
+    char Choisir(const MediaDemande& media) override;
+};

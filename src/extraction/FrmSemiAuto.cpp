@@ -41,6 +41,7 @@ constexpr const char* MontrerLesDetails = " Montrer Détails ";
 constexpr const char* AucunOnglet = "A99";
 constexpr int HauteurAvecDetails = 8750;  // twips
 constexpr int HauteurSansDetails = 6390;
+constexpr int LargeurInitiale = 700;  // pixels
 constexpr int PleineBarre = 10000;
 
 struct TexteCompression {
@@ -84,8 +85,8 @@ FrmSemiAuto::FrmSemiAuto(Dialogues& dialogues, QWidget* parent) : QWidget(parent
 
     auto* corps = new QHBoxLayout;
     corps->setSpacing(16);
-    corps->addWidget(CreerInformations(), 1);
-    corps->addWidget(CreerSaisies(), 1);
+    corps->addWidget(CreerInformations(), 3);
+    corps->addWidget(CreerSaisies(), 2);
     auto* mise = new QVBoxLayout(this);
     mise->addWidget(CreerMedias());
     mise->addLayout(corps);
@@ -304,6 +305,7 @@ QWidget* FrmSemiAuto::CreerBarre()
     bouton->setObjectName("Bouton");
     bouton->setToolTip(" Cliquer ICI pour visualiser les médias mémorisés ");
     connect(bouton, &QPushButton::clicked, this, [this] {
+        EnregistrerPlace(*this, "TopExtract", "LeftExtract");
         if (voirCatalogue)
             voirCatalogue();
     });
@@ -408,9 +410,10 @@ void FrmSemiAuto::MontrerDetails(bool montrer)
     etapes_->setText(montrer ? " Cacher &Détails " : " Montrer &Détails ");
     etapes_->setToolTip(montrer ? " Cliquer ICI pour cacher les détails " : " Cliquer ICI pour accéder aux détails ");
     const int hauteur = static_cast<int>((montrer ? HauteurAvecDetails : HauteurSansDetails) / TwipsParPixel);
+    const int largeur = isVisible() ? width() : LargeurInitiale;
     layout()->activate();
     if (!isMaximized() && !isFullScreen())
-        resize(std::max(width(), minimumSizeHint().width()), std::max(hauteur, minimumSizeHint().height()));
+        resize(std::max(largeur, minimumSizeHint().width()), std::max(hauteur, minimumSizeHint().height()));
 }
 
 void FrmSemiAuto::BasculerEtapes()

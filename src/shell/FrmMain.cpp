@@ -45,9 +45,8 @@ FrmMain::FrmMain(Dialogues& dialogues, std::function<Vue(FrmMain&)> creerVue)
     commentaire_ = new QLabel;
     commentaire_->setObjectName("Commentaire");
     commentaire_->setAlignment(Qt::AlignCenter);
-    commentaire_->setWordWrap(true);
-    // Two lines are kept free, so that no comment changes the window.
-    commentaire_->setMinimumHeight(2 * commentaire_->fontMetrics().lineSpacing());
+    // The longest comment, so that none changes the window.
+    commentaire_->setMinimumWidth(commentaire_->fontMetrics().horizontalAdvance(boutons_[1]->accessibleDescription()));
 
     auto* rangee = new QHBoxLayout;
     rangee->setSpacing(16);

@@ -37,6 +37,7 @@ FrmMain::Vue CreerVue(FrmMain& principale, Dialogues& dialogues)
 
 int main(int argc, char** argv)
 {
+    Q_INIT_RESOURCE(velourne);
     QApplication application(argc, argv);
     setlocale(LC_NUMERIC, "C");
     QApplication::setApplicationName("velourne");

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <functional>
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QWidget>
+
+// Lets events run until the condition holds; false after ten seconds.
+inline bool Attendre(const std::function<bool()>& condition)
+{
+    const QDeadlineTimer delai(10000);
+    while (!condition()) {
+        if (delai.hasExpired())
+            return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    }
+    return true;
+}
+
+// A child by its name and class; the test ends here when there is none.
+template <typename Classe>
+Classe* Enfant(const QWidget& fenetre, const char* nom)
+{
+    auto* enfant = fenetre.findChild<Classe*>(nom);
+    if (!enfant)
+        qFatal("no child %s", nom);
+    return enfant;
+}

@@ -1,0 +1,306 @@
+#include "extraction/FrmSemiAuto.h"
+
+#include <memory>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTimer>
+#include <QToolButton>
+#include <QTreeWidget>
+
+#include "Fenetres.h"
+#include "Outils.h"
+#include "extraction/FenetreOnglets.h"
+#include "extraction/FiltreFichiers.h"
+#include "extraction/FrmGetDrive.h"
+#include "extraction/FrmResultat.h"
+#include "platform/Lecteurs.h"
+#include "store/CycleBase.h"
+#include "store/Reglages.h"
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+std::string Reglage(const char* cle)
+{
+    return GetSetting(SectionSettings, cle, "absent");
+}
+
+// The question about giving up is answered after `avant` has run; all others with yes.
+class Questions : public ReponsesToutesPretes
+{
+public:
+    std::function<bool()> avant;
+
+    bool Demander(const std::string& question, const std::string& titre) override
+    {
+        ReponsesToutesPretes::Demander(question, titre);
+        return avant ? avant() : oui;
+    }
+};
+
+class Assistant : public EnvironnementExtraction
+{
+protected:
+    Assistant()
+    {
+        Ecrire(disque_ / "lettre.txt", "bonjour");
+        Ecrire(disque_ / "photos/été.jpg", "rien");
+        Ouvrir();
+    }
+
+    void Ouvrir()
+    {
+        fenetre_ = std::make_unique<FrmSemiAuto>(questions_);
+        fenetre_->fermee = [this] { ++fermetures_; };
+        fenetre_->show();
+        menu_ = Enfant<FenetreOnglets>(*fenetre_, "Menu");
+        menuA_ = Enfant<FenetreOnglets>(*fenetre_, "MenuA");
+        ok_ = Enfant<QPushButton>(*fenetre_, "OK");
+    }
+
+    // Presses the tab of the test's own folder.
+    void ChoisirDisque()
+    {
+        FenetreOnglets* rangee = menu_->Position(lettre_) != FenetreOnglets::Aucun ? menu_ : menuA_;
+        ASSERT_NE(rangee->Position(lettre_), FenetreOnglets::Aucun);
+        rangee->Onglet(rangee->Position(lettre_))->click();
+    }
+
+    void Saisir(const char* identifiant, const char* nom)
+    {
+        Enfant<QLineEdit>(*fenetre_, "Identifiant")->setText(identifiant);
+        Enfant<QLineEdit>(*fenetre_, "Label")->setText(nom);
+    }
+
+    void Presser(const char* boite, int touche)
+    {
+        QKeyEvent evenement(QEvent::KeyPress, touche, Qt::NoModifier);
+        QApplication::sendEvent(Enfant<QLineEdit>(*fenetre_, boite), &evenement);
+    }
+
+    std::string TexteOK() const { return ok_->text().remove('&').toStdString(); }
+
+    void GrandDisque()
+    {
+        for (int dossier = 0; dossier < 100; ++dossier)
+            for (int fichier = 0; fichier < 80; ++fichier)
+                Ecrire(disque_ / fmtNom("d", dossier) / fmtNom("f", fichier), "x");
+    }
+    static std::string fmtNom(const char* prefixe, int numero) { return prefixe + std::to_string(numero); }
+
+    Questions questions_;
+    std::unique_ptr<FrmSemiAuto> fenetre_;
+    FenetreOnglets* menu_ = nullptr;
+    FenetreOnglets* menuA_ = nullptr;
+    QPushButton* ok_ = nullptr;
+    int fermetures_ = 0;
+};
+
+// Closes the result window as the user does and keeps its lines.
+void LireResultat(QTimer& minuterie, std::vector<std::string>& lignes)
+{
+    QObject::connect(&minuterie, &QTimer::timeout, [&] {
+        auto* resultat = dynamic_cast<FrmResultat*>(QApplication::activeModalWidget());
+        if (!resultat)
+            return;
+        for (int rang = 0; rang < 4; ++rang)
+            lignes.push_back(
+                Enfant<QLabel>(*resultat, ("Resultat" + std::to_string(rang)).c_str())->text().toStdString());
+        resultat->findChild<QPushButton*>()->click();
+    });
+    minuterie.start(10);
+}
+
+}  // namespace
+
+TEST_F(Assistant, RemembersTheTab)
+{
+    ASSERT_GE(menuA_->Nombre(), 2);
+    const int dernier = menuA_->Nombre() - 1;
+    menuA_->Onglet(dernier)->click();
+    EXPECT_EQ(Reglage("Drive"), "A" + std::to_string(dernier));
+    EXPECT_TRUE(menuA_->Onglet(dernier)->font().bold());
+    menuA_->Onglet(dernier)->click();
+    EXPECT_TRUE(menuA_->Onglet(dernier)->isChecked()) << "a second press releases nothing";
+
+    menuA_->Onglet(0)->click();
+    EXPECT_FALSE(menuA_->Onglet(dernier)->font().bold());
+    SaveSetting(SectionSettings, "Drive", "A" + std::to_string(dernier));
+    Enfant<QPushButton>(*fenetre_, "Actualiser")->click();
+    EXPECT_EQ(menuA_->Choisi(), dernier);
+
+    // No tab, one that has gone, and nonsense all fall to the default.
+    for (const char* valeur : {"A99", "57", "A57", "-3", "x"}) {
+        SaveSetting(SectionSettings, "Drive", valeur);
+        Enfant<QPushButton>(*fenetre_, "Actualiser")->click();
+        EXPECT_EQ((menu_->Nombre() > 0 ? menu_ : menuA_)->Choisi(), 0) << valeur;
+    }
+}
+
+TEST_F(Assistant, HidingTheDetailsGivesUpADriveNoLongerSeen)
+{
+    ChoisirDisque();
+    auto* etapes = Enfant<QPushButton>(*fenetre_, "Etapes");
+    EXPECT_EQ(etapes->text().remove('&'), " Cacher Détails ");
+    etapes->click();
+    EXPECT_EQ(menuA_->Choisi(), FenetreOnglets::Aucun);
+    EXPECT_EQ(menu_->Choisi(), menu_->Nombre() > 0 ? 0 : FenetreOnglets::Aucun);
+    EXPECT_EQ(ok_->isEnabled(), menu_->Nombre() > 0);
+    EXPECT_EQ(Reglage("Methode"), " Montrer Détails ");
+
+    Ouvrir();
+    EXPECT_TRUE(Enfant<QWidget>(*fenetre_, "Details")->isHidden());
+    EXPECT_EQ(menuA_->Choisi(), FenetreOnglets::Aucun);
+    Enfant<QPushButton>(*fenetre_, "Etapes")->click();
+    EXPECT_TRUE(ok_->isEnabled());
+    EXPECT_EQ(Reglage("Methode"), " Cacher Détails ");
+}
+
+TEST_F(Assistant, CompressionTag)
+{
+    const struct {
+        const char* avant;
+        bool allume;  // when the window opens
+        const char* apres;
+    } cas[] = {{"absent", false, "1"}, {"0", false, "1"}, {"1", true, "0"}, {"2", false, "1"}, {"3", false, "0"}};
+    for (const auto& [avant, allume, apres] : cas) {
+        if (avant != std::string("absent"))
+            SaveSetting(SectionSettings, "Compression 3", avant);
+        Ouvrir();
+        auto* choix = Enfant<QCheckBox>(*fenetre_, "Compression3");
+        EXPECT_EQ(choix->isChecked(), allume) << avant;
+        choix->click();
+        EXPECT_EQ(Reglage("Compression 3"), apres) << avant;
+        EXPECT_EQ(choix->isChecked(), apres == std::string("1")) << avant;
+    }
+}
+
+TEST_F(Assistant, EnterWithAnEmptyBoxIsRefused)
+{
+    ChoisirDisque();
+    Saisir("CD 1", " ");
+    Presser("Identifiant", Qt::Key_Return);
+    EXPECT_EQ(questions_.dites, std::vector<std::string>{"Veuillez renseigner le nom du média !"});
+    EXPECT_EQ(TexteOK(), "Recherche");
+    EXPECT_FALSE(fenetre_->EnCours());
+    EXPECT_TRUE(Enfant<QLineEdit>(*fenetre_, "Label")->isEnabled());
+    EXPECT_EQ(Compter("select * from Catalogue order by Num"), 0);
+}
+
+TEST_F(Assistant, ReadsAMediaAndTellsWhatItFound)
+{
+    ChoisirDisque();
+    Saisir("CD 1", "Vacances");
+    QTimer minuterie;
+    std::vector<std::string> lignes;
+    LireResultat(minuterie, lignes);
+    Presser("Label", Qt::Key_Return);
+    EXPECT_EQ(TexteOK(), "Abandon");
+    EXPECT_FALSE(Enfant<QPushButton>(*fenetre_, "Bouton")->isEnabled());
+    ASSERT_TRUE(Attendre([&] { return !fenetre_->EnCours(); }));
+
+    EXPECT_EQ(lignes, (std::vector<std::string>{"1", "2", "0", "0"}));
+    EXPECT_EQ(Lignes("select * from Catalogue where Flag = true order by Num", {"Identifiant", "Label"}),
+              std::vector<std::string>{"CD 1|Vacances"});
+    EXPECT_EQ(TexteOK(), "Recherche");
+    EXPECT_TRUE(Enfant<QLineEdit>(*fenetre_, "Identifiant")->text().isEmpty());
+    EXPECT_TRUE(ArbreARecharger());
+    EXPECT_TRUE(questions_.dites.empty());
+
+    // The same again, refused: nothing changes, no run.
+    questions_.oui = false;
+    Saisir("CD 1", "Autre");
+    ok_->click();
+    EXPECT_FALSE(fenetre_->EnCours());
+    EXPECT_EQ(Compter("select * from Catalogue order by Num"), 1);
+}
+
+TEST_F(Assistant, AbandonLeavesNoRow)
+{
+    GrandDisque();
+    ChoisirDisque();
+    Saisir("CD 1", "Vacances");
+    questions_.oui = false;
+    ok_->click();
+    ok_->click();
+    EXPECT_EQ(TexteOK(), "Abandon") << "on no the walk goes on";
+    questions_.oui = true;
+    ok_->click();
+    ASSERT_TRUE(Attendre([&] { return !fenetre_->EnCours(); }));
+    EXPECT_EQ(questions_.dites, std::vector<std::string>(2, "Voulez-vous réellement abandonner la recherche ?"));
+    EXPECT_EQ(Compter("select * from Catalogue order by Num") + Compter("select * from Liste order by Num"), 0);
+    EXPECT_EQ(fermetures_, 0);
+}
+
+// The run may end while the user still thinks about the question.
+TEST_F(Assistant, AbandonAnsweredAfterTheEnd)
+{
+    ChoisirDisque();
+    Saisir("CD 1", "Vacances");
+    questions_.avant = [] { return Attendre(&ArbreARecharger); };
+    ok_->click();
+    ok_->click();
+    ASSERT_TRUE(Attendre([&] { return !fenetre_->EnCours(); }));
+    EXPECT_EQ(Compter("select * from Catalogue order by Num") + Compter("select * from Liste order by Num"), 0);
+}
+
+TEST_F(Assistant, ClosingDuringARunAsksAndWaits)
+{
+    GrandDisque();
+    ChoisirDisque();
+    Saisir("CD 1", "Vacances");
+    ok_->click();
+    questions_.oui = false;
+    EXPECT_FALSE(fenetre_->close());
+    EXPECT_TRUE(fenetre_->EnCours());
+    questions_.oui = true;
+    fenetre_->close();
+    ASSERT_TRUE(Attendre([&] { return fermetures_ == 1; }));
+    EXPECT_FALSE(fenetre_->isVisible());
+    EXPECT_EQ(Compter("select * from Catalogue order by Num"), 0);
+    EXPECT_NE(Reglage("TopExtract"), "absent");
+}
+
+TEST_F(Assistant, DestroyedDuringARunLeavesNoThread)
+{
+    GrandDisque();
+    ChoisirDisque();
+    Saisir("CD 1", "Vacances");
+    ok_->click();
+    fenetre_.reset();
+    EXPECT_EQ(Compter("select * from Catalogue order by Num"), 0);
+}
+
+TEST_F(Assistant, FilterNarrowsTheList)
+{
+    EXPECT_TRUE(CorrespondFiltre("*.*", "LISEZMOI"));
+    EXPECT_TRUE(CorrespondFiltre("*.gif;*.jpg", "Été.JPG"));
+    EXPECT_FALSE(CorrespondFiltre("*.gif;*.jpg", "jpg"));
+    ChoisirDisque();
+    auto* liste = Enfant<QListWidget>(*fenetre_, "Liste");
+    ASSERT_EQ(liste->count(), 2);
+    EXPECT_EQ(liste->item(1)->text(), "photos\\");
+}
+
+TEST_F(Assistant, DriveChooserKeepsTheLetter)
+{
+    Inscrire("CD 1", "Vacances");
+    FrmGetDrive choix({"Vacances", "CD 1", "", " L'unité actuelle : D:"});
+    auto* liste = choix.findChild<QTreeWidget*>();
+    const auto lettres = LettresMachine();
+    const auto rang = std::find(lettres.begin(), lettres.end(), lettre_) - lettres.begin();
+    liste->setCurrentItem(liste->topLevelItem(static_cast<int>(rang)));
+    EXPECT_TRUE(liste->currentItem()->text(0).endsWith(" [" + QString::fromStdString(disque_.filename()) + "]"));
+    choix.findChild<QPushButton*>()->click();
+    EXPECT_EQ(choix.Lettre(), lettre_ - 'a' + 'A');
+    EXPECT_EQ(Lignes("select * from Catalogue order by Num", {"Disque"}),
+              std::vector<std::string>{std::string(1, choix.Lettre())});
+}
