@@ -1,7 +1,5 @@
 #include <sys/stat.h>
 
-#include <thread>
-
 #include "Environnement.h"
 #include "platform/Chemins.h"
 #include "platform/Fichiers.h"
@@ -86,18 +84,6 @@ TEST_F(Reglages, DamagedLinesCostNoMoreThanThemselves)
     Ecrire(Fichier(), "Settings\tView\t3\nn'importe quoi\n\nun\tdeux\n\\\t\\\t\\\nSettings\tLExt\t2");
     EXPECT_EQ(GetSetting("Settings", "View", ""), "3");
     EXPECT_EQ(GetSetting("Settings", "LExt", ""), "2");
-}
-
-TEST_F(Reglages, ThreadsReadWhileOneWrites)
-{
-    std::thread lecteur([] {
-        for (int i = 0; i < 2000; ++i)
-            GetSettingNombre("Descriptions", "MP3", 1);
-    });
-    for (int i = 0; i < 20; ++i)
-        SaveSettingNombre("Descriptions", "MP3", i);
-    lecteur.join();
-    EXPECT_EQ(GetSetting("Descriptions", "MP3", ""), "19");
 }
 
 }  // namespace
