@@ -97,7 +97,11 @@ frmView::frmView(Dialogues& dialogues, QWidget* parent)
     connect(&itemAMontrer_, &QTimer::timeout, this, &frmView::lvListView_Click);
 }
 
-frmView::~frmView() = default;
+// The views go first: what they show lies in this window.
+frmView::~frmView()
+{
+    delete takeCentralWidget();
+}
 
 QAbstractItemView* frmView::VueListe() const
 {

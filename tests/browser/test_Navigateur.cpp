@@ -199,7 +199,7 @@ TEST_F(TestNavigateur, MontreLesCellules)
     // The tree takes a directory's own name, an archive's alias, and the archive by its capital extension.
     EXPECT_EQ(Enfants(Racine(media)),
               (Textes{" 1-000000002=dossier", CleArchive(numeros[4], 1) + "=alias.zip", " 1-A 9 1=z"}));
-    EXPECT_EQ(ListeExtensions(), "|zip|png");
+    EXPECT_EQ(ListeExtensions(), "|png|zip");
 }
 
 TEST_F(TestNavigateur, OuvreLesArchives)
