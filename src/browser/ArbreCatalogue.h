@@ -120,6 +120,7 @@ std::string LireDescriptionNoeud(const ArbreCatalogue& arbre, std::string& photo
 // Parts the picture block at the head of a description from the text.
 std::string SeparerPhoto(std::string_view description, std::string& photo);
 
-// Text of a media's nodes as `Catalogue.Tree` keeps it, and its writing into the base, media visible.
-std::string TexteArbre(const ArbreCatalogue& arbre, int32_t media);
+// Text of a media's nodes, in the order of their making, as `Catalogue.Tree` keeps it, and its writing into the base,
+// media visible. Archives stay out: their keys begin with a letter, not with the number of the media.
+std::string TexteArbre(const ArbreCatalogue& arbre, int64_t numero);
 bool EcrireArbre(const ArbreCatalogue& arbre, int64_t numero);

@@ -174,28 +174,23 @@ std::string LireDescriptionNoeud(const ArbreCatalogue& arbre, std::string& photo
     return SeparerPhoto(lignes.Texte("Description"), photo);
 }
 
-std::string TexteArbre(const ArbreCatalogue& arbre, int32_t media)
+std::string TexteArbre(const ArbreCatalogue& arbre, int64_t numero)
 {
+    const std::string prefixe = Str(numero) + '-';
     std::string texte;
-    int32_t noeud = media;
-    while (noeud != ArbreCatalogue::Aucun) {
-        const ArbreCatalogue::Noeud& n = arbre[noeud];
-        if (noeud != media)
-            texte.append(1, Separateur).append(arbre[n.parent].cle);
-        texte.append(1, SeparateurChamps).append(n.cle).append(1, SeparateurChamps).append(n.texte);
-        if (n.premierEnfant != ArbreCatalogue::Aucun) {
-            noeud = n.premierEnfant;
+    for (int32_t i = 0; i < arbre.Nombre(); ++i) {
+        const ArbreCatalogue::Noeud& noeud = arbre[i];
+        if (!noeud.cle.starts_with(prefixe))
             continue;
-        }
-        while (noeud != media && arbre[noeud].suivant == ArbreCatalogue::Aucun)
-            noeud = arbre[noeud].parent;
-        noeud = noeud == media ? ArbreCatalogue::Aucun : arbre[noeud].suivant;
+        if (!arbre.EstMedia(i))
+            texte += Separateur;
+        texte.append(arbre[noeud.parent].cle).append(1, SeparateurChamps).append(noeud.cle);
+        texte.append(1, SeparateurChamps).append(noeud.texte);
     }
     return texte;
 }
 
 bool EcrireArbre(const ArbreCatalogue& arbre, int64_t numero)
 {
-    const int32_t media = arbre.Chercher(CleRepertoire(numero, "000000001"));
-    return media != ArbreCatalogue::Aucun && ModifierCatalogue(numero, true, TexteArbre(arbre, media));
+    return ModifierCatalogue(numero, true, TexteArbre(arbre, numero));
 }
