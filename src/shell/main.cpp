@@ -24,9 +24,7 @@ FrmMain::Vue CreerVue(FrmMain& principale, Dialogues& dialogues)
     vue->demanderAjout = [&principale] { principale.AjouterMedias(); };
     vue->demanderQuitter = [&principale, vue] { principale.Quitter(vue); };
     vue->fermer = [&principale] { return principale.FermerVue(); };
-    vue->choisirLecteur = [vue](const MediaDemande& media) {
-        return DemanderLecteur({media.label, media.identifiant, media.icone, media.invite}, vue);
-    };
+    vue->choisirLecteur = &DemanderLecteur;
     const auto charger = [vue](FrmExit& attente) {
         vue->ChargerArbre([&attente](double part) { attente.Avancer("Chargement en cours ...", part); });
     };
