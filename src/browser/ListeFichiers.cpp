@@ -36,29 +36,55 @@ void ListeFichiers::Ajouter(const ItemListe& item)
         cellule = textes_.Ranger(cellule);
 }
 
-// Equal texts are compared once: types, dates and sizes repeat by the thousand.
+namespace
+{
+
+bool Avant(std::string_view gauche, std::string_view droite)
+{
+    return ComparerFrancais(gauche, droite) < 0;
+}
+
+// Rank of each text in French order. Names mostly arrive in order; all else repeats by the thousand, so that each
+// text is compared but once.
+std::vector<int32_t> RangsFrancais(const std::vector<std::string_view>& textes)
+{
+    std::vector<std::string_view> tries = textes;
+    if (!std::is_sorted(tries.begin(), tries.end(), Avant)) {
+        const std::unordered_set<std::string_view> distincts(textes.begin(), textes.end());
+        tries.assign(distincts.begin(), distincts.end());
+        std::sort(tries.begin(), tries.end(), Avant);
+    }
+    std::unordered_map<std::string_view, int32_t> rangs;
+    rangs.reserve(tries.size());
+    int32_t rang = 0;
+    for (size_t i = 0; i < tries.size(); ++i) {
+        if (i > 0 && tries[i] != tries[i - 1] && Avant(tries[i - 1], tries[i]))
+            ++rang;
+        rangs.emplace(tries[i], rang);
+    }
+    std::vector<int32_t> resultat;
+    resultat.reserve(textes.size());
+    for (const std::string_view texte : textes)
+        resultat.push_back(rangs[texte]);
+    return resultat;
+}
+
+}  // namespace
+
 void ListeFichiers::Trier(int colonne, bool decroissant)
 {
     if (colonne < 0 || colonne >= NombreColonnes)
         return;
-    const auto texte = [&](int32_t i) { return items_[static_cast<size_t>(i)].cellules[static_cast<size_t>(colonne)]; };
-    std::unordered_set<std::string_view> distincts;
-    for (int32_t i = 0; i < Nombre(); ++i)
-        distincts.insert(texte(i));
-    std::vector<std::string_view> tries(distincts.begin(), distincts.end());
-    std::sort(tries.begin(), tries.end(), [](std::string_view gauche, std::string_view droite) {
-        const int ordre = ComparerFrancais(gauche, droite);
-        return ordre != 0 ? ordre < 0 : gauche < droite;
-    });
+    std::vector<std::string_view> textes;
+    textes.reserve(items_.size());
+    for (const ItemListe& item : items_)
+        textes.push_back(item.cellules[static_cast<size_t>(colonne)]);
+    const std::vector<int32_t> rangs = RangsFrancais(textes);
 
-    std::unordered_map<std::string_view, int32_t> rangs;
-    rangs.reserve(tries.size());
-    for (const std::string_view t : tries)
-        rangs.emplace(t, static_cast<int32_t>(rangs.size()));
     std::vector<std::pair<int32_t, int32_t>> cles;
     cles.reserve(items_.size());
     for (int32_t i = 0; i < Nombre(); ++i) {
-        const int32_t rang = rangs[texte(i)];
+        const int32_t rang = rangs[static_cast<size_t>(i)];
         cles.emplace_back(decroissant ? -rang : rang, i);
     }
     std::sort(cles.begin(), cles.end());

@@ -97,7 +97,11 @@ frmView::frmView(Dialogues& dialogues, QWidget* parent)
     connect(&itemAMontrer_, &QTimer::timeout, this, &frmView::lvListView_Click);
 }
 
-frmView::~frmView() = default;
+// The views go first: what they show lies in this window.
+frmView::~frmView()
+{
+    delete takeCentralWidget();
+}
 
 QAbstractItemView* frmView::VueListe() const
 {
@@ -241,7 +245,7 @@ void frmView::ChoisirAffichage(int mode)
     lvIcones_->setFlow(mode == EnListe ? QListView::TopToBottom : QListView::LeftToRight);
     lvIcones_->setMovement(QListView::Static);
     const int hauteur = lvIcones_->fontMetrics().lineSpacing(), largeur = lvIcones_->fontMetrics().averageCharWidth();
-    lvIcones_->setGridSize(mode == GrandesIcones ? QSize(largeur * 18, cote + 3 * hauteur)
+    lvIcones_->setGridSize(mode == GrandesIcones ? QSize(largeur * 20, cote + 3 * hauteur)
                                                  : QSize(largeur * 30 + cote, std::max(cote, hauteur) + 6));
     lvIcones_->setWordWrap(mode == GrandesIcones);
     lvListView_->setCurrentWidget(mode == Rapport ? static_cast<QWidget*>(lvRapport_) : lvIcones_);

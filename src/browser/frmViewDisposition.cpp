@@ -1,4 +1,6 @@
 // The widgets of the browser window and what their signals lead to.
+#include <algorithm>
+
 #include <QActionGroup>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -158,8 +160,12 @@ void frmView::CreerVues()
     entete->setSectionsMovable(false);
     entete->setSectionsClickable(true);
     entete->setSortIndicatorShown(true);
-    for (int i = 0; i < NombreColonnes; ++i)
-        entete->resizeSection(i, static_cast<int>(EnTetesListe[static_cast<size_t>(i)].largeur / TwipsParPixel));
+    // The widths are meant for letters of six pixels; a larger font gets larger columns.
+    const double echelle = std::max(1.0, fontMetrics().averageCharWidth() / 6.0);
+    for (int i = 0; i < NombreColonnes; ++i) {
+        const double pixels = EnTetesListe[static_cast<size_t>(i)].largeur / TwipsParPixel;
+        entete->resizeSection(i, static_cast<int>(pixels * echelle));
+    }
     connect(entete, &QHeaderView::sectionClicked, this, &frmView::TrierColonne);
 
     lvIcones_->setUniformItemSizes(true);

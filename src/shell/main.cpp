@@ -24,7 +24,7 @@ FrmMain::Vue CreerVue(FrmMain& principale, Dialogues& dialogues)
     vue->demanderAjout = [&principale] { principale.AjouterMedias(); };
     vue->demanderQuitter = [&principale, vue] { principale.Quitter(vue); };
     vue->fermer = [&principale] { return principale.FermerVue(); };
-    vue->choisirLecteur = &DemanderLecteur;
+    vue->choisirLecteur = DemanderLecteur;
     const auto charger = [vue](FrmExit& attente) {
         vue->ChargerArbre([&attente](double part) { attente.Avancer("Chargement en cours ...", part); });
     };

@@ -263,7 +263,7 @@ bool BaseARendre(const std::string& chemin)
     if (BaseOuverteIci(chemin))
         return false;
     Connexion connexion;
-    return connexion.Ouvrir(chemin) && connexion.Valeur("pragma freelist_count", 0) > 0;
+    return connexion.Ouvrir(chemin) && connexion.Nombre("pragma freelist_count", 0) > 0;
 }
 
 bool CreerBaseVide(const std::string& chemin)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 
 #include "platform/Ceder.h"
 #include "platform/Fichier.h"
@@ -13,6 +14,7 @@ namespace
 {
 
 constexpr std::string_view Signature("SQLite format 3\0", 16);
+constexpr size_t LignesParLot = 32;
 constexpr int OperationsParPas = 10000;  // of the engine's machine, some 0.1 ms
 
 // Set while a query on this thread lets events run: the engine must then not be entered again.
@@ -28,10 +30,21 @@ int Pas(void*)
     return 0;
 }
 
-int Comparer(void*, int longueurGauche, const void* gauche, int longueurDroite, const void* droite)
+// Names sorted together often begin alike: the common part is skipped up to its last letter, which may carry an accent
+// of its own behind it.
+int Comparer(void*, int longueurGauche, const void* octetsGauche, int longueurDroite, const void* octetsDroite)
 {
-    return ComparerFrancais({static_cast<const char*>(gauche), static_cast<size_t>(longueurGauche)},
-                            {static_cast<const char*>(droite), static_cast<size_t>(longueurDroite)});
+    std::string_view gauche(static_cast<const char*>(octetsGauche), static_cast<size_t>(longueurGauche));
+    std::string_view droite(static_cast<const char*>(octetsDroite), static_cast<size_t>(longueurDroite));
+    size_t commun = 0;
+    const size_t limite = std::min(gauche.size(), droite.size());
+    while (commun < limite && gauche[commun] == droite[commun] && static_cast<unsigned char>(gauche[commun]) < 0x80)
+        ++commun;
+    if (commun > 1) {
+        gauche.remove_prefix(commun - 1);
+        droite.remove_prefix(commun - 1);
+    }
+    return ComparerFrancais(gauche, droite);
 }
 
 std::string_view Argument(sqlite3_value* valeur)
@@ -77,7 +90,7 @@ constexpr const char* CompterTables =
     "select count(*) from sqlite_master where type = 'table' and rootpage > 0 and lower(name) in ('catalogue', "
     "'liste')";
 
-int64_t Nombre(sqlite3* db, const char* texte)
+int64_t PremiereValeur(sqlite3* db, const char* texte)
 {
     sqlite3_stmt* enonce = nullptr;
     if (sqlite3_prepare_v2(db, texte, -1, &enonce, nullptr) != SQLITE_OK)
@@ -115,7 +128,7 @@ Examen Examiner(const std::string& chemin)
     uri += "?immutable=1";
     sqlite3* db = nullptr;
     const int etat = sqlite3_open_v2(uri.c_str(), &db, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr);
-    const int64_t nombre = etat == SQLITE_OK ? Nombre(db, CompterTables) : -1;
+    const int64_t nombre = etat == SQLITE_OK ? PremiereValeur(db, CompterTables) : -1;
     sqlite3_close(db);
     if (nombre < 0)
         return Examen::Illisible;
@@ -153,10 +166,24 @@ std::string EntreGuillemets(std::string_view nom)
     return resultat + '"';
 }
 
+bool Lier(sqlite3_stmt* enonce, int place, const Valeur& valeur)
+{
+    const auto taille = static_cast<sqlite3_uint64>(valeur.texte.size());
+    const char* octets = valeur.texte.data();
+    switch (valeur.genre) {
+        case Valeur::Entier: return sqlite3_bind_int64(enonce, place, valeur.entier) == SQLITE_OK;
+        case Valeur::Texte:
+            return sqlite3_bind_text64(enonce, place, octets, taille, SQLITE_STATIC, SQLITE_UTF8) == SQLITE_OK;
+        case Valeur::Octets: return sqlite3_bind_blob64(enonce, place, octets, taille, SQLITE_STATIC) == SQLITE_OK;
+        default: return sqlite3_bind_null(enonce, place) == SQLITE_OK;
+    }
+}
+
 Connexion::~Connexion()
 {
     for (Attache* attache : std::vector<Attache*>(attaches))
         attache->Detacher();
+    lots_.clear();
     sqlite3_close_v2(db);
 }
 
@@ -179,7 +206,7 @@ bool Connexion::Ouvrir(const std::string& chemin)
     const char* reglages =
         "pragma locking_mode = exclusive; pragma cell_size_check = on; pragma cache_size = -32768;"
         "begin exclusive; commit; pragma journal_mode = delete; pragma synchronous = full";
-    if (sqlite3_exec(db, reglages, nullptr, nullptr, nullptr) != SQLITE_OK || Nombre(db, CompterTables) != 2)
+    if (sqlite3_exec(db, reglages, nullptr, nullptr, nullptr) != SQLITE_OK || PremiereValeur(db, CompterTables) != 2)
         return false;
     sqlite3_create_collation(db, "francais", SQLITE_UTF8, nullptr, Comparer);
     sqlite3_create_function(db, "comme", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY, nullptr, Comme,
@@ -192,6 +219,7 @@ Enonce Connexion::Preparer(std::string_view texte)
 {
     if (dansUnPas || texte.find('\0') != std::string_view::npos)
         return nullptr;
+    Vider();
     sqlite3_stmt* enonce = nullptr;
     const char* reste = nullptr;
     if (sqlite3_prepare_v2(db, texte.data(), static_cast<int>(texte.size()), &enonce, &reste) != SQLITE_OK)
@@ -221,12 +249,97 @@ bool Connexion::Executer(std::string_view texte)
     return Terminer(Preparer(texte).get());
 }
 
-int64_t Connexion::Valeur(std::string_view texte, int64_t absent)
+int64_t Connexion::Nombre(std::string_view texte, int64_t absent)
 {
     const Enonce enonce = Preparer(texte);
     if (!enonce || sqlite3_step(enonce.get()) != SQLITE_ROW)
         return absent;
     return sqlite3_column_int64(enonce.get(), 0);
+}
+
+bool Connexion::Occupee()
+{
+    return dansUnPas;
+}
+
+Lot& Connexion::LotDe(const std::shared_ptr<TableBase>& table)
+{
+    Lot& lot = lots_[table->nom + '/' + std::to_string(table->colonnes.size())];
+    if (lot.une)
+        return lot;
+    std::string sql = "insert into " + EntreGuillemets(table->nom) + "(rowid";
+    std::string places = "(?";
+    for (size_t i = 0; i < table->colonnes.size(); ++i) {
+        if (static_cast<int>(i) == table->compteur)
+            continue;
+        sql += ',' + EntreGuillemets(table->colonnes[i]);
+        places += ",?";
+    }
+    places += ')';
+    sql += ") values ";
+    lot.table = table;
+    lot.une = Preparer(sql + places);
+    sql += places;
+    for (size_t i = 1; i < LignesParLot; ++i)
+        sql.append(",").append(places);
+    lot.plusieurs = Preparer(sql);
+    lot.capacite = lot.plusieurs ? LignesParLot : 1;
+    lot.numeros.resize(lot.capacite);
+    lot.valeurs.resize(lot.capacite * table->colonnes.size());
+    return lot;
+}
+
+bool Connexion::Inserer(const std::shared_ptr<TableBase>& table, int64_t numero, std::vector<Valeur>& valeurs)
+{
+    const std::lock_guard garde(verrou_);
+    if (!PeutEcrire() || dansUnPas)
+        return false;
+    if (enAttente_ && enAttente_->table != table && !Vider())
+        return false;
+    Lot& lot = enAttente_ ? *enAttente_ : LotDe(table);
+    if (!lot.une)
+        return false;
+    lot.numeros[lot.nombre] = numero;
+    Valeur* ligne = &lot.valeurs[lot.nombre * valeurs.size()];
+    for (Valeur& valeur : valeurs)
+        std::swap(*ligne++, valeur);
+    ++lot.nombre;
+    enAttente_ = &lot;
+    return (enTransaction && lot.nombre < lot.capacite) || Vider();
+}
+
+bool Connexion::Vider()
+{
+    const std::lock_guard garde(verrou_);
+    if (!enAttente_)
+        return true;
+    Lot& lot = *std::exchange(enAttente_, nullptr);
+    const bool fait = Ecrire(lot);
+    lot.nombre = 0;
+    if (!fait && enTransaction && !sqlite3_get_autocommit(db))
+        sqlite3_exec(db, "rollback", nullptr, nullptr, nullptr);
+    return fait;
+}
+
+bool Connexion::Ecrire(Lot& lot)
+{
+    const size_t parEnonce = lot.nombre == lot.capacite ? lot.capacite : 1;
+    sqlite3_stmt* enonce = parEnonce > 1 ? lot.plusieurs.get() : lot.une.get();
+    const Valeur* valeur = lot.valeurs.data();
+    int place = 1;
+    for (size_t ligne = 0; ligne < lot.nombre; ++ligne) {
+        sqlite3_bind_int64(enonce, place++, lot.numeros[ligne]);
+        for (size_t i = 0; i < lot.table->colonnes.size(); ++i, ++valeur) {
+            if (static_cast<int>(i) != lot.table->compteur && !Lier(enonce, place++, *valeur))
+                return false;
+        }
+        if ((ligne + 1) % parEnonce != 0)
+            continue;
+        if (!Terminer(enonce))
+            return false;
+        place = 1;
+    }
+    return true;
 }
 
 std::shared_ptr<TableBase> Connexion::Table(std::string_view nom)
@@ -265,7 +378,7 @@ int64_t Connexion::Reserver(TableBase& table)
 {
     const std::lock_guard garde(verrou_);
     if (table.dernierNumero < 0) {
-        const int64_t plusGrand = Valeur("select max(rowid) from " + EntreGuillemets(table.nom), 0);
+        const int64_t plusGrand = Nombre("select max(rowid) from " + EntreGuillemets(table.nom), 0);
         int64_t compte = 0;
         if (const Enonce enonce = Preparer("select seq from sqlite_sequence where name = ?1")) {
             sqlite3_bind_text(enonce.get(), 1, table.nom.c_str(), -1, SQLITE_STATIC);
@@ -286,7 +399,7 @@ void Connexion::OublierCompteurs()
         if (table->dernierNumero < 0)
             continue;
         // Numbers given out and not yet written stay taken.
-        const int64_t plusGrand = Valeur("select max(rowid) from " + EntreGuillemets(table->nom), 0);
+        const int64_t plusGrand = Nombre("select max(rowid) from " + EntreGuillemets(table->nom), 0);
         table->dernierNumero = std::max(table->dernierNumero, plusGrand);
     }
 }

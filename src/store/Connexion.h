@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -24,6 +25,27 @@ struct TableBase {
     int64_t dernierNumero = -1;
 };
 
+// A value waiting to be written; the text keeps its room from row to row.
+struct Valeur {
+    enum Genre { Absent, Nul, Entier, Texte, Octets } genre = Absent;
+    int64_t entier = 0;
+    std::string texte;
+};
+
+bool Lier(sqlite3_stmt* enonce, int place, const Valeur& valeur);
+
+// New rows of one table, written several by one statement inside a transaction: the engine keeps the table's counter
+// once for each statement.
+struct Lot {
+    std::shared_ptr<TableBase> table;
+    Enonce une;        // inserts one row
+    Enonce plusieurs;  // inserts `capacite` rows
+    size_t capacite = 0;
+    size_t nombre = 0;  // of rows waiting
+    std::vector<int64_t> numeros;
+    std::vector<Valeur> valeurs;
+};
+
 // A record set that must let go of the connection before it closes.
 struct Attache {
     virtual ~Attache() = default;
@@ -45,9 +67,16 @@ struct Connexion {
     bool Terminer(sqlite3_stmt* enonce);
     bool Executer(std::string_view texte);
     // First column of the first row; `absent` without one.
-    int64_t Valeur(std::string_view texte, int64_t absent);
+    int64_t Nombre(std::string_view texte, int64_t absent);
     // False while a transaction is open in name only, lost to an error.
     bool PeutEcrire() const { return !enTransaction || !sqlite3_get_autocommit(db); }
+
+    // Takes a row's values, leaving old ones in exchange; the row is seen by all that is read afterwards.
+    bool Inserer(const std::shared_ptr<TableBase>& table, int64_t numero, std::vector<Valeur>& valeurs);
+    // Writes the rows that wait. On failure the transaction is lost.
+    bool Vider();
+    // True while a query on this thread lets events run: the engine must then not be entered again.
+    static bool Occupee();
 
     // Null for a table that is not there.
     std::shared_ptr<TableBase> Table(std::string_view nom);
@@ -61,7 +90,12 @@ struct Connexion {
     std::vector<Attache*> attaches;
 
 private:
-    std::recursive_mutex verrou_;  // the tables; rows are guarded by the engine itself
+    Lot& LotDe(const std::shared_ptr<TableBase>& table);
+    bool Ecrire(Lot& lot);
+
+    std::recursive_mutex verrou_;  // tables and waiting rows; the engine guards the rest itself
+    Lot* enAttente_ = nullptr;     // the one that holds rows
+    std::map<std::string, Lot> lots_;
     std::map<std::string, std::shared_ptr<TableBase>, std::less<>> tables_;
 };
 

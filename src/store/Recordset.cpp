@@ -11,27 +11,6 @@
 namespace
 {
 
-// A value waiting for Update; the text keeps its room from row to row.
-struct Valeur {
-    enum Genre { Absent, Nul, Entier, Texte, Octets } genre = Absent;
-    int64_t entier = 0;
-    std::string texte;
-};
-
-bool Lier(sqlite3_stmt* enonce, int place, const Valeur& valeur)
-{
-    const auto taille = static_cast<sqlite3_uint64>(valeur.texte.size());
-    switch (valeur.genre) {
-        case Valeur::Entier: return sqlite3_bind_int64(enonce, place, valeur.entier) == SQLITE_OK;
-        case Valeur::Texte:
-            return sqlite3_bind_text64(enonce, place, valeur.texte.data(), taille, SQLITE_STATIC, SQLITE_UTF8) ==
-                   SQLITE_OK;
-        case Valeur::Octets:
-            return sqlite3_bind_blob64(enonce, place, valeur.texte.data(), taille, SQLITE_STATIC) == SQLITE_OK;
-        default: return sqlite3_bind_null(enonce, place) == SQLITE_OK;
-    }
-}
-
 size_t Blancs(std::string_view texte)
 {
     return std::min(texte.find_first_not_of(" \t\r\n"), texte.size());
@@ -98,7 +77,6 @@ struct Recordset::Etat final : Attache {
     {
         lignes.reset();
         parNumero.reset();
-        insertion.reset();
         Quitter();
     }
 
@@ -114,7 +92,7 @@ struct Recordset::Etat final : Attache {
     // The statement that stands on the current row, null without one.
     sqlite3_stmt* Courante()
     {
-        if (!connexion || supprimee)
+        if (!connexion || supprimee || Connexion::Occupee())
             return nullptr;
         return signet ? LigneDuSignet() : LigneSuivie();
     }
@@ -134,6 +112,7 @@ struct Recordset::Etat final : Attache {
             const std::string nom = EntreGuillemets(table->nom);
             parNumero = connexion->Preparer("select *, rowid from " + nom + " where rowid = ?1");
         }
+        connexion->Vider();
         signetLu = true;
         sqlite3_reset(parNumero.get());
         sqlite3_bind_int64(parNumero.get(), 1, signet);
@@ -143,6 +122,7 @@ struct Recordset::Etat final : Attache {
 
     void Avancer()
     {
+        connexion->Vider();
         if (!lignes && !commence)
             lignes = connexion->Preparer(texte);
         commence = true;
@@ -185,7 +165,6 @@ struct Recordset::Etat final : Attache {
         return -1;
     }
 
-    bool Inserer();
     bool Modifier();
 
     enum Mode { Lecture, Ajout, Edition };
@@ -211,34 +190,7 @@ struct Recordset::Etat final : Attache {
     int64_t numero = 0;
     int64_t dernierModifie = 0;
     std::vector<Valeur> valeurs;
-    Enonce insertion;
 };
-
-bool Recordset::Etat::Inserer()
-{
-    if (!insertion) {
-        std::string sql = "insert into " + EntreGuillemets(table->nom) + "(rowid";
-        std::string places = "?";
-        for (size_t i = 0; i < colonnes.size(); ++i) {
-            if (static_cast<int>(i) == table->compteur)
-                continue;
-            sql += ',' + EntreGuillemets(colonnes[i]);
-            places += ",?";
-        }
-        insertion = connexion->Preparer(sql + ") values(" + places + ")");
-    }
-    if (!insertion || sqlite3_bind_int64(insertion.get(), 1, numero) != SQLITE_OK)
-        return false;
-    int place = 2;
-    for (size_t i = 0; i < valeurs.size(); ++i) {
-        if (static_cast<int>(i) != table->compteur && !Lier(insertion.get(), place++, valeurs[i]))
-            return false;
-    }
-    if (!connexion->Terminer(insertion.get()))
-        return false;
-    compte += compte >= 0;
-    return true;
-}
 
 bool Recordset::Etat::Modifier()
 {
@@ -312,7 +264,7 @@ int64_t Recordset::RecordCount()
     if (!etat_ || !etat_->connexion)
         return 0;
     if (etat_->compte < 0)
-        etat_->compte = etat_->connexion->Valeur(etat_->texteCompte, 0);
+        etat_->compte = etat_->connexion->Nombre(etat_->texteCompte, 0);
     return etat_->compte;
 }
 
@@ -323,7 +275,7 @@ bool Recordset::Eof()
 
 void Recordset::MoveNext()
 {
-    if (!etat_ || !etat_->connexion)
+    if (!etat_ || !etat_->connexion || Connexion::Occupee())
         return;
     etat_->mode = Etat::Lecture;
     etat_->signet = 0;
@@ -431,10 +383,14 @@ bool Recordset::Update()
     if (!etat_ || !etat_->connexion || etat_->mode == Etat::Lecture)
         return false;
     const bool ajout = std::exchange(etat_->mode, Etat::Lecture) == Etat::Ajout;
-    if (!(ajout ? etat_->Inserer() : etat_->Modifier()))
+    const bool fait =
+        ajout ? etat_->connexion->Inserer(etat_->table, etat_->numero, etat_->valeurs) : etat_->Modifier();
+    if (!fait)
         return false;
     etat_->dernierModifie = etat_->numero;
-    if (!ajout)
+    if (ajout)
+        etat_->compte += etat_->compte >= 0;
+    else
         etat_->PoserSignet(etat_->numero);
     return true;
 }

@@ -1,0 +1,198 @@
+#include <QAction>
+#include <QHeaderView>
+#include <QLabel>
+#include <QListView>
+#include <QPlainTextEdit>
+#include <QTest>
+#include <QTreeView>
+
+#include "Outils.h"
+#include "browser/frmView.h"
+#include "store/CycleBase.h"
+#include "store/Reglages.h"
+
+class TestVue : public EnvironnementBase
+{
+protected:
+    TestVue()
+    {
+        AjouterMediaTest({"Média", "#a; 1-000000001# 1-000000002#sous"});
+        AjouterLignes(1, {{"000000001", "000000002", "sous", "D", " ", " ", " ", " ", {}, "un dossier"},
+                          {"000000001", "0", "b.txt", "a", "9 b", " ", " ", " ", {}, "ligne 1\r\nligne 2"},
+                          {"000000001", "0", "a.txt", "a", "10 b"},
+                          {"000000002", "000000003", "fond", "D"},
+                          {"000000002", "0", "c.txt", "a"}});
+        Ouvrir();
+    }
+    void Ouvrir()
+    {
+        vue_ = std::make_unique<frmView>(dialogues_);
+        vue_->show();
+        vue_->ChargerArbre();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(vue_.get()));
+    }
+    template <typename T>
+    T* Trouver(const char* nom)
+    {
+        return vue_->findChild<T*>(nom);
+    }
+    QTreeView* Arbre() { return Trouver<QTreeView>("tvTreeView"); }
+    QTreeView* Rapport() { return Trouver<QTreeView>("lvRapport"); }
+    QString Titre() { return Trouver<QLabel>("titre")->text(); }
+    QString Statut() { return Trouver<QLabel>("Commentaire")->text(); }
+    QString Description() { return Trouver<QPlainTextEdit>("description")->toPlainText(); }
+    QString Cellule(int rang) { return Rapport()->model()->index(rang, 0).data().toString(); }
+    QAction* Action(const QString& texte)
+    {
+        for (QAction* action : vue_->findChildren<QAction*>())
+            if (action->text().remove('&') == texte)
+                return action;
+        return nullptr;
+    }
+    static void Cliquer(QAbstractItemView* vue, const QModelIndex& index)
+    {
+        vue->scrollTo(index);
+        QTest::mouseClick(vue->viewport(), Qt::LeftButton, {}, vue->visualRect(index).center());
+        QCoreApplication::processEvents();
+    }
+    static void Touche(QWidget* vue, Qt::Key touche)
+    {
+        QTest::keyClick(vue, touche);
+        QCoreApplication::processEvents();
+    }
+
+    std::unique_ptr<frmView> vue_;
+};
+
+TEST_F(TestVue, ParcourtALaSouris)
+{
+    const QModelIndex media = Arbre()->currentIndex();
+    EXPECT_EQ(media.data().toString(), "Média");
+    EXPECT_EQ(Rapport()->model()->rowCount(), 0) << "nothing is shown before a click";
+    EXPECT_FALSE(Action("Lancer le fichier")->isEnabled());
+
+    Cliquer(Arbre(), media);
+    EXPECT_EQ(Titre(), "           Média");
+    EXPECT_EQ(Statut(), " 3 Objet(s)");
+    EXPECT_EQ(media.data(Qt::ForegroundRole).value<QColor>(), QColor(255, 0, 0));
+
+    Cliquer(Rapport(), Rapport()->model()->index(2, 0));
+    EXPECT_EQ(Cellule(2), "b.txt");
+    EXPECT_EQ(Description(), "ligne 1\nligne 2");
+    EXPECT_EQ(Statut(), "");
+    EXPECT_TRUE(Action("Lancer le fichier")->isEnabled());
+
+    const QModelIndex dossier = Rapport()->model()->index(0, 0);
+    Cliquer(Rapport(), dossier);
+    EXPECT_EQ(Description(), "un dossier");
+    EXPECT_FALSE(Action("Lancer le fichier")->isEnabled());
+    EXPECT_TRUE(Action("Ouvrir l'explorateur windows")->isEnabled());
+    QTest::mouseDClick(Rapport()->viewport(), Qt::LeftButton, {}, Rapport()->visualRect(dossier).center());
+    EXPECT_EQ(Titre(), "           sous");
+    EXPECT_EQ(Arbre()->currentIndex().data().toString(), "sous");
+    EXPECT_EQ(Arbre()->model()->rowCount(Arbre()->currentIndex()), 1) << "the directory found there";
+
+    Cliquer(Arbre(), Arbre()->model()->index(0, 0));
+    EXPECT_EQ(Statut(), " 1 catalogue(s) ...");
+    EXPECT_EQ(Titre(), "");
+    EXPECT_FALSE(Action("Lancer le fichier")->isEnabled());
+}
+
+TEST_F(TestVue, ParcourtAuClavier)
+{
+    Arbre()->setFocus();
+    Touche(Arbre(), Qt::Key_Right);
+    Touche(Arbre(), Qt::Key_Down);
+    EXPECT_EQ(Titre(), "           sous");
+    EXPECT_EQ(Statut(), " 2 Objet(s)");
+    Touche(Arbre(), Qt::Key_Up);
+    EXPECT_EQ(Statut(), " 3 Objet(s)");
+    Rapport()->setFocus();
+    Touche(Rapport(), Qt::Key_Home);
+    EXPECT_EQ(Description(), "un dossier");
+    Touche(Rapport(), Qt::Key_Return);
+    EXPECT_EQ(Titre(), "           sous");
+    for (QWidget* widget : {static_cast<QWidget*>(Arbre()), static_cast<QWidget*>(Rapport())})
+        EXPECT_FALSE(widget->accessibleName().isEmpty());
+}
+
+TEST_F(TestVue, LOrdreGardeRetardeDUnClic)
+{
+    Cliquer(Arbre(), Arbre()->currentIndex());
+    const auto entete = [this](int colonne) {
+        QHeaderView* tete = Rapport()->header();
+        QTest::mouseClick(tete->viewport(), Qt::LeftButton, {},
+                          QPoint(tete->sectionViewportPosition(colonne) + 20, tete->height() / 2));
+    };
+    EXPECT_EQ(Cellule(0), "sous");  // by size, ascending
+    entete(ColNom);
+    EXPECT_EQ(Cellule(0), "sous");  // by name, descending: the first click turns the order round
+    EXPECT_EQ(Cellule(2), "a.txt");
+    EXPECT_EQ(GetSetting(SectionLvListView, "SortKey", ""), "0");
+    EXPECT_EQ(GetSetting(SectionLvListView, "SortOrder", ""), "0");
+    EXPECT_EQ(Rapport()->header()->sortIndicatorOrder(), Qt::DescendingOrder);
+    vue_->close();
+    Ouvrir();
+    Cliquer(Arbre(), Arbre()->currentIndex());
+    EXPECT_EQ(Cellule(0), "a.txt") << "after a restart the order before the last click";
+}
+
+TEST_F(TestVue, GardeSelectionAuTri)
+{
+    Cliquer(Arbre(), Arbre()->currentIndex());
+    Rapport()->setCurrentIndex(Rapport()->model()->index(1, 0));
+    const QString nom = Cellule(1);
+    for (int colonne : {int(ColNom), int(ColTaille), int(ColNom)}) {
+        emit Rapport()->header()->sectionClicked(colonne);
+        EXPECT_EQ(Rapport()->currentIndex().siblingAtColumn(0).data().toString(), nom);
+    }
+}
+
+TEST_F(TestVue, ChangeDAffichageEtLeGarde)
+{
+    Cliquer(Arbre(), Arbre()->currentIndex());
+    auto* icones = Trouver<QListView>("lvIcones");
+    Action("Mosaique")->trigger();
+    EXPECT_TRUE(icones->isVisible());
+    EXPECT_EQ(GetSetting(SectionSettings, "View", ""), "0");
+    Cliquer(icones, icones->model()->index(2, 0));
+    EXPECT_EQ(Description(), "ligne 1\nligne 2");
+    Rapport()->header()->resizeSection(ColNom, 222);
+    vue_->resize(801, 602);
+    vue_->close();
+    EXPECT_EQ(GetSetting(SectionSettings, "ViewMode", ""), "0");
+    EXPECT_EQ(GetSetting(SectionSettings, "MainState", ""), "0");
+    EXPECT_EQ(GetSettingNombre(SectionLvListView, "L1", 0), 222 * 15);
+    Ouvrir();
+    EXPECT_TRUE(Action("Mosaique")->isChecked());
+    EXPECT_EQ(Rapport()->header()->sectionSize(ColNom), 222);
+    EXPECT_EQ(vue_->size(), QSize(801, 602));
+}
+
+TEST_F(TestVue, ChangeDeBase)
+{
+    Cliquer(Arbre(), Arbre()->currentIndex());
+    vue_->choisirFichier = [](const char*, bool) { return std::string(); };
+    Action("Créer un nouveau catalogue")->trigger();
+    EXPECT_EQ(Rapport()->model()->rowCount(), 3) << "a dialog left changes nothing";
+    const std::string nouveau = (travail_ / "nouveau.vlr").string(), ancien = BaseCourante();
+    vue_->choisirFichier = [&](const char*, bool) { return nouveau; };
+    Action("Créer un nouveau catalogue")->trigger();
+    EXPECT_EQ(vue_->windowTitle().toStdString(), "Velourne (" + nouveau + ")");
+    EXPECT_EQ(Rapport()->model()->rowCount(), 0);
+    EXPECT_EQ(Arbre()->model()->rowCount(Arbre()->model()->index(0, 0)), 0);
+    vue_->choisirFichier = [&](const char*, bool) { return ancien; };
+    Action("Ouvrir un catalogue")->trigger();
+    EXPECT_EQ(Arbre()->model()->rowCount(Arbre()->model()->index(0, 0)), 1);
+    Cliquer(Arbre(), Arbre()->currentIndex());
+    EXPECT_EQ(Rapport()->model()->rowCount(), 3) << "the same key as before the change";
+}
+
+TEST_F(TestVue, SeFermeSiOnLeVeut)
+{
+    bool accord = false;
+    vue_->fermer = [&] { return accord; };
+    EXPECT_FALSE(vue_->close());
+    accord = true;
+    EXPECT_TRUE(vue_->close());
+}
