@@ -53,7 +53,7 @@ constexpr TexteCompression Compressions[] = {
     {"Lecture des fichiers .AR&J", " Inclure l'extraction des informations contenues dans les fichiers .ARJ "},
     {"Lecture des fichiers .&LHA,.LZH",
      " Inclure l'extraction des informations contenues dans les fichiers .LHA et .LZH "},
-    {"Lecture des fichiers .RA&R", " Inclure l'extraction des informations contenues dans les fichiers .RAR "},
+    {"Lecture des &fichiers .RAR", " Inclure l'extraction des informations contenues dans les fichiers .RAR "},
 };
 
 std::string CleCompression(int indice)
@@ -218,6 +218,10 @@ QWidget* FrmSemiAuto::CreerAvancement()
     descriptions_->setObjectName("Descriptions");
     int colonne = 1;
     for (QLabel* compteur : {repertoires_, fichiers_, descriptions_}) {
+        // Room for large numbers from the start, so that the window does not grow while they do.
+        const QString etalon =
+            compteur == descriptions_ ? " 9999999 description(s) extraite(s)" : " 9999999 Répertoire(s) ...";
+        compteur->setMinimumWidth(compteur->fontMetrics().horizontalAdvance(etalon));
         grille->addWidget(compteur, 0, colonne);
         grille->setColumnStretch(colonne++, 1);
         Garder(compteur);
