@@ -376,10 +376,11 @@ bool EspaceDuLecteur(char lettre, EspaceLecteur& espace)
 bool VolumeDuLecteur(char lettre, VolumeLecteur& volume)
 {
     const std::string racine = RacineDuLecteur(lettre);
-    Montage montage;
-    if (racine.empty() || !MontageDuDossier(racine, montage))
+    if (racine.empty())
         return false;
-    const Empreinte empreinte = EmpreinteDuMontage(montage);
+    // Inside a container the mount may not be told: the folder's own name is then all there is.
+    Montage montage;
+    const Empreinte empreinte = MontageDuDossier(racine, montage) ? EmpreinteDuMontage(montage) : Empreinte{};
     const bool dossier = racine != "/" && Canonique(racine) != montage.point;
     volume.nom = NomEnTexte(dossier ? racine.substr(racine.rfind('/') + 1) : empreinte.nom);
     volume.serie = SerieDepuisUuid(empreinte.systeme, empreinte.uuid);
