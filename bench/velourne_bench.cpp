@@ -44,10 +44,7 @@ constexpr const char* Aide =
 
 class Chronometre {
 public:
-    double Secondes() const
-    {
-        return std::chrono::duration<double>(std::chrono::steady_clock::now() - debut_).count();
-    }
+    double Secondes() const { return std::chrono::duration<double>(std::chrono::steady_clock::now() - debut_).count(); }
 
 private:
     std::chrono::steady_clock::time_point debut_ = std::chrono::steady_clock::now();
@@ -90,7 +87,8 @@ void OuvrirBase(const std::string& chemin, bool creer)
 
 void Generer(const Arguments& arguments)
 {
-    constexpr std::array noms = {"Photo", "lettre", "Été à Nice", "facture", "README", "Chanson n°", "index", "Sauvegarde"};
+    constexpr std::array noms = {"Photo",  "lettre",     "Été à Nice", "facture",
+                                 "README", "Chanson n°", "index",      "Sauvegarde"};
     constexpr std::array extensions = {"jpg", "txt", "doc", "mp3", "zip", "html", "pdf", "exe", "c", "ogg", "dat", ""};
     const fs::path racine = arguments[1];
     const int64_t nombre = Nombre(arguments[2]);
@@ -157,9 +155,10 @@ void Extraire(const Arguments& arguments)
     fmt::print("repertoires: {}\nfichiers: {}\narchives: {}\narchives_listees: {}\ndescriptions: {}\n",
                compteurs.repertoires, compteurs.fichiers, compteurs.archives, compteurs.listees,
                compteurs.descriptions);
-    fmt::print("secondes.identite: {:.3f}\nsecondes.parcours: {:.3f}\nsecondes.validation: {:.3f}\n"
-               "secondes.compaction: {:.3f}\nsecondes: {:.3f}\n",
-               identite, durees.parcours, durees.validation, durees.compaction, secondes);
+    fmt::print(
+        "secondes.identite: {:.3f}\nsecondes.parcours: {:.3f}\nsecondes.validation: {:.3f}\n"
+        "secondes.compaction: {:.3f}\nsecondes: {:.3f}\n",
+        identite, durees.parcours, durees.validation, durees.compaction, secondes);
     fmt::print("lignes_par_seconde: {:.0f}\n",
                static_cast<double>(compteurs.repertoires + compteurs.fichiers + 1) / secondes);
     ImprimerMemoire();

@@ -1,9 +1,9 @@
 #include <clocale>
 #include <cstdlib>
 
+#include <gtest/gtest.h>
 #include <QApplication>
 #include <QLocale>
-#include <gtest/gtest.h>
 
 int main(int argc, char** argv)
 {

@@ -44,8 +44,7 @@ std::string CleArchive(int64_t ligne, int64_t catalogue);
 
 // The tree of the catalogue: nodes in the order of their making, found by key, linked to parent, children and next
 // sibling by their places. Root is at level 1, media at 2. Holds a million nodes in some hundred megabytes.
-class ArbreCatalogue
-{
+class ArbreCatalogue {
 public:
     static constexpr int32_t Aucun = -1;
 

@@ -9,8 +9,7 @@
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
-namespace
-{
+namespace {
 
 constexpr char Separateur = ';';
 constexpr char SeparateurChamps = '#';

@@ -36,8 +36,7 @@ void ListeFichiers::Ajouter(const ItemListe& item)
         cellule = textes_.Ranger(cellule);
 }
 
-namespace
-{
+namespace {
 
 bool Avant(std::string_view gauche, std::string_view droite)
 {
@@ -118,8 +117,7 @@ ChampsItem::ChampsItem(Recordset& lignes)
 {
 }
 
-namespace
-{
+namespace {
 
 // "20031224" as "24/12/2003"; anything else than eight characters shows nothing.
 std::string_view MontrerDate(std::string_view date, std::string& place)
@@ -131,8 +129,7 @@ std::string_view MontrerDate(std::string_view date, std::string& place)
 }
 
 // Adds the extensions of one reading to those known in the base, and the base is told once.
-class ExtensionsLues
-{
+class ExtensionsLues {
 public:
     ~ExtensionsLues()
     {

@@ -46,8 +46,7 @@ struct CleItem {
 CleItem AnalyserCleItem(std::string_view cle);
 
 // The entries of one directory, in one array, with the order in which they are shown.
-class ListeFichiers
-{
+class ListeFichiers {
 public:
     void Vider();
     void Ajouter(const ItemListe& item);  // takes copies of the texts
@@ -75,8 +74,7 @@ private:
 };
 
 // Icon values of file extensions: ImageGenerique for one that the desktop does not know.
-class IconesExtensions
-{
+class IconesExtensions {
 public:
     static constexpr int32_t Premiere = 100;
 

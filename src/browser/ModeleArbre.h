@@ -9,8 +9,7 @@
 #include "browser/ModeleImages.h"
 
 // Shows the catalogue tree to a view. Children are counted out only below nodes that the view has asked about.
-class ModeleArbre : public QAbstractItemModel
-{
+class ModeleArbre : public QAbstractItemModel {
 public:
     ModeleArbre(const ArbreCatalogue& arbre, ModeleImages& images, QObject* parent);
 

@@ -4,8 +4,7 @@
 
 #include "platform/TypesSysteme.h"
 
-namespace
-{
+namespace {
 
 QIcon ImageInterne(int32_t image)
 {

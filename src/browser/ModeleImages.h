@@ -7,8 +7,7 @@
 #include "browser/ListeFichiers.h"
 
 // The picture lists of the browser: built-in pictures, icons of media and of file extensions, each made once.
-class ModeleImages
-{
+class ModeleImages {
 public:
     explicit ModeleImages(const IconesExtensions& extensions) : extensions_(extensions) {}
 

@@ -6,8 +6,7 @@
 #include "browser/ModeleImages.h"
 
 // Shows the file list to its views.
-class ModeleListe : public QAbstractTableModel
-{
+class ModeleListe : public QAbstractTableModel {
 public:
     ModeleListe(ListeFichiers& liste, ModeleImages& images, QObject* parent);
 

@@ -8,8 +8,7 @@
 
 // What the browser window shows, without its widgets: tree, list, title, status and description, and what clicks do to
 // them.
-class Navigateur
-{
+class Navigateur {
 public:
     ArbreCatalogue arbre;
     ListeFichiers liste;

@@ -9,8 +9,7 @@
 #include "store/Base.h"
 #include "store/CycleBase.h"
 
-namespace
-{
+namespace {
 
 struct MediaConnu {
     std::string serie, total, libre;

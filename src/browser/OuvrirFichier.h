@@ -15,8 +15,7 @@ struct MediaDemande {
 };
 
 // Asks in which drive the media now lies.
-class ChoixLecteur
-{
+class ChoixLecteur {
 public:
     virtual ~ChoixLecteur() = default;
     // A letter of any case; 0 when the user gives up.

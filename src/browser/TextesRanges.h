@@ -7,8 +7,7 @@
 
 // Keeps many small texts in large blocks, so that a million names cost little more than their letters. The views that
 // Ranger gives stay valid until Vider.
-class TextesRanges
-{
+class TextesRanges {
 public:
     std::string_view Ranger(std::string_view texte)
     {

@@ -22,8 +22,7 @@
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
-namespace
-{
+namespace {
 
 enum Affichage { GrandesIcones, PetitesIcones, EnListe, Rapport };
 

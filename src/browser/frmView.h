@@ -24,8 +24,7 @@ class QStackedWidget;
 class QTreeView;
 
 // The browser: the catalogue as a tree on the left, what the selected node holds on the right, and its description.
-class frmView : public QMainWindow, private ChoixLecteur
-{
+class frmView : public QMainWindow, private ChoixLecteur {
 public:
     explicit frmView(Dialogues& dialogues, QWidget* parent = nullptr);
     ~frmView() override;

@@ -13,7 +13,7 @@ struct ArchiveOuverte {
     std::string_view chemin;     // "D:\dossier\fichier.zip"
     std::string_view extension;  // lower case
     int64_t media;
-    int64_t numero;              // number of the archive's own, still pending row
+    int64_t numero;  // number of the archive's own, still pending row
 };
 
 // Draws a description out of a file; false, the text left alone, when there is none.

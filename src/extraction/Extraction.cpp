@@ -20,8 +20,8 @@ struct Extraction::Repertoire {
         bool noeud;
     };
     int64_t code = 1;
-    bool noeud = true;         // it has a node in the media's tree
-    size_t longueurChemin = 0; // of its path, trailing "\" included
+    bool noeud = true;          // it has a node in the media's tree
+    size_t longueurChemin = 0;  // of its path, trailing "\" included
     std::vector<Sous> sous;
     size_t suivant = 0;
 };
@@ -38,7 +38,7 @@ struct Extraction::Etat {
     std::string arbre;          // the `Tree` text so far
     double octetsFaits = 0;
     std::optional<double> octetsAffiches;  // behind the percentage last shown
-    bool echec = false;          // a row could not be written
+    bool echec = false;                    // a row could not be written
 
     bool Arreter() const { return echec || ExtractionAbandonnee(); }
 };

@@ -2,8 +2,7 @@
 
 #include <QPainter>
 
-namespace
-{
+namespace {
 
 constexpr int Cote = 40;
 constexpr int PasEnDegres = 12;

@@ -5,8 +5,7 @@
 #include <QWidget>
 
 // A disc that turns while a run is going on. Keeps its place when it is at rest.
-class FenetreAnimation : public QWidget
-{
+class FenetreAnimation : public QWidget {
 public:
     explicit FenetreAnimation(QWidget* parent = nullptr);
 

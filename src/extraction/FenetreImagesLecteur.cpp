@@ -7,8 +7,7 @@
 #include "platform/Lecteurs.h"
 #include "store/CycleBase.h"
 
-namespace
-{
+namespace {
 
 struct Image {
     const char* theme;

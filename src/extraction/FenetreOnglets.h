@@ -9,8 +9,7 @@ class QScrollArea;
 class QToolButton;
 
 // A row of drive tabs with its two buttons that scroll it. At most one tab is chosen; it stays so when pressed again.
-class FenetreOnglets : public QWidget
-{
+class FenetreOnglets : public QWidget {
     Q_OBJECT
 
 public:

@@ -10,8 +10,7 @@
 class QTreeWidget;
 
 // The drive chooser: asks for a media and for the drive in which it now is.
-class FrmGetDrive : public QDialog
-{
+class FrmGetDrive : public QDialog {
 public:
     explicit FrmGetDrive(const MediaDemande& media, QWidget* parent = nullptr);
 

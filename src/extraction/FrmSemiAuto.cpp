@@ -33,8 +33,7 @@
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
-namespace
-{
+namespace {
 
 constexpr const char* CacherDetails = " Cacher Détails ";
 constexpr const char* MontrerLesDetails = " Montrer Détails ";

@@ -27,8 +27,7 @@ class QToolButton;
 
 // The extraction wizard: the user picks a drive, names the media and starts or abandons the run, which works on a
 // thread of its own and is looked at 20 times a second.
-class FrmSemiAuto : public QWidget
-{
+class FrmSemiAuto : public QWidget {
 public:
     explicit FrmSemiAuto(Dialogues& dialogues, QWidget* parent = nullptr);
     ~FrmSemiAuto() override;

@@ -46,8 +46,9 @@ bool bsDrive::SetDriveLabel(const std::string& nom)
 
 const char* NomTypeLecteur(uint32_t type)
 {
-    constexpr const char* noms[] = {"Inconnu",          "Inexistant",         "Lecteur de Disquette", "Disque Local",
-                                    "Connexion Réseau", "Lecteur DVD/CD-ROM", "Disque RAM"};
+    constexpr const char* noms[] = {"Inconnu",      "Inexistant",       "Lecteur de Disquette",
+                                    "Disque Local", "Connexion Réseau", "Lecteur DVD/CD-ROM",
+                                    "Disque RAM"};
     return type < std::size(noms) ? noms[type] : "Unknown";
 }
 

@@ -12,8 +12,7 @@
 #include "platform/Chemins.h"
 #include "platform/Fichiers.h"
 
-namespace
-{
+namespace {
 // An absolute path is neither an option nor a web address to the opener.
 std::string Absolu(const std::string& chemin)
 {

@@ -6,8 +6,7 @@
 #include <thread>
 #include <utility>
 
-namespace
-{
+namespace {
 constexpr int64_t periode = 15'000'000;  // ns
 
 std::function<void()> pompeDonnee;

@@ -13,8 +13,7 @@
 #include "platform/Lecteurs.h"
 #include "platform/Texte.h"
 
-namespace
-{
+namespace {
 std::string DossierPersonnel()
 {
     if (const char* home = getenv("HOME"); home && *home == '/')
@@ -55,8 +54,7 @@ std::string& DossierProgrammeCourant()
 
 // One look-up below the top of a drive. Where a directory exists in both spellings, the second one is kept as a place
 // to resume from, so that either may lead to the entry.
-class Recherche
-{
+class Recherche {
 public:
     Recherche(std::string racine, const std::vector<std::string>& noms) : noms_(noms)
     {

@@ -4,8 +4,7 @@
 #include <utility>
 
 // An open file descriptor, closed with its holder. Only for sources of platform/.
-class Descripteur
-{
+class Descripteur {
 public:
     Descripteur() = default;
     explicit Descripteur(int valeur) : valeur_(valeur) {}

@@ -13,8 +13,7 @@
 Fichier::Fichier(int descripteur)
 {
     Descripteur garde(descripteur);
-    struct stat etat {
-    };
+    struct stat etat {};
     if (!garde.Ouvert() || fstat(garde.Valeur(), &etat) != 0 || !S_ISREG(etat.st_mode))
         return;
     taille_ = static_cast<uint64_t>(etat.st_size);
@@ -25,8 +24,7 @@ Fichier::Fichier(const std::string& cheminReel)
 {
     // The look before opening keeps devices from being woken; the one after it is the one that counts.
     const Descripteur entree = OuvrirChemin(cheminReel, O_PATH);
-    struct stat etat {
-    };
+    struct stat etat {};
     if (!entree.Ouvert() || fstat(entree.Valeur(), &etat) != 0 || !S_ISREG(etat.st_mode))
         return;
     *this = Fichier(OuvrirChemin(cheminReel, O_RDONLY | O_NONBLOCK | O_NOCTTY).Ceder());

@@ -17,12 +17,10 @@
 #include "platform/Descripteur.h"
 #include "platform/Fichier.h"
 
-namespace
-{
+namespace {
 bool EstDeType(const std::string& chemin, mode_t type)
 {
-    struct stat etat {
-    };
+    struct stat etat {};
     return stat(chemin.c_str(), &etat) == 0 && (etat.st_mode & S_IFMT) == type;
 }
 
@@ -82,8 +80,7 @@ bool Remplacer(const std::string& chemin, bool prive, const std::function<bool(i
     if (!brouillon.Ouvert())
         return false;
 
-    struct stat ancien {
-    };
+    struct stat ancien {};
     bool reussi = true;
     if (!prive && stat(cible.c_str(), &ancien) == 0)
         reussi = S_ISREG(ancien.st_mode) && fchmod(brouillon.Valeur(), ancien.st_mode & 07777) == 0;

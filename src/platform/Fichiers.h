@@ -5,7 +5,7 @@
 
 // Operations on the program's own files, by real path. All return false on failure and then leave the target as it was.
 
-bool FichierExiste(const std::string& chemin);   // an ordinary file
+bool FichierExiste(const std::string& chemin);  // an ordinary file
 bool DossierExiste(const std::string& chemin);
 
 // Copies into a new file beside the target, syncs it and renames it over the target, so that the target is always

@@ -28,8 +28,7 @@
 
 namespace fs = std::filesystem;
 
-namespace
-{
+namespace {
 constexpr unsigned majeurDisquette = 2;
 constexpr unsigned majeurOptique = 11;
 
@@ -117,8 +116,7 @@ void EcrireLettres(const std::map<char, Lettre>& avant, const std::map<char, Let
 // Device number of a block device below /dev, 0 for anything else.
 dev_t NumeroDeBloc(const std::string& chemin)
 {
-    struct stat etat {
-    };
+    struct stat etat {};
     return stat(chemin.c_str(), &etat) == 0 && S_ISBLK(etat.st_mode) ? etat.st_rdev : 0;
 }
 
@@ -364,8 +362,7 @@ uint32_t TypeDuLecteur(char lettre)
 bool EspaceDuLecteur(char lettre, EspaceLecteur& espace)
 {
     const std::string racine = RacineDuLecteur(lettre);
-    struct statvfs etat {
-    };
+    struct statvfs etat {};
     if (racine.empty() || statvfs(racine.c_str(), &etat) != 0)
         return false;
     const uint64_t bloc = etat.f_frsize != 0 ? etat.f_frsize : etat.f_bsize;

@@ -12,8 +12,7 @@
 #include <QLocale>
 #include <QTime>
 
-namespace
-{
+namespace {
 const std::string& SeparateurMilliers()
 {
     static const std::string separateur = QLocale().groupSeparator().toStdString();

@@ -5,8 +5,7 @@
 #include <charconv>
 #include <set>
 
-namespace
-{
+namespace {
 // A word up to the next blank, its octal escapes ("\040") decoded.
 std::string PrendreMot(std::string_view& ligne)
 {

@@ -6,8 +6,7 @@
 
 #include "platform/Descripteur.h"
 
-namespace
-{
+namespace {
 // Files of /proc have no size: read until nothing comes.
 std::string LireJusquAuBout(const char* chemin)
 {
@@ -33,8 +32,7 @@ std::vector<Montage> MontagesMachine()
 
 bool MontageDuDossier(const std::string& dossier, Montage& montage)
 {
-    struct statx etat {
-    };
+    struct statx etat {};
     if (statx(AT_FDCWD, dossier.c_str(), AT_STATX_DONT_SYNC, STATX_MNT_ID, &etat) != 0)
         return false;
     const bool numeroConnu = (etat.stx_mask & STATX_MNT_ID) != 0;

@@ -17,8 +17,7 @@
 #include "platform/MontagesMachine.h"
 #include "platform/Texte.h"
 
-namespace
-{
+namespace {
 constexpr size_t tailleTampon = 128 * 1024;
 constexpr size_t descripteursGardes = 32;
 constexpr int drapeauxDossier = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
@@ -44,8 +43,7 @@ struct Identite {
 
 Identite Identifier(int dossier, const char* nom, bool& reussi)
 {
-    struct statx etat {
-    };
+    struct statx etat {};
     const int drapeaux = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | AT_EMPTY_PATH;
     reussi = statx(dossier, nom, drapeaux, STATX_INO | STATX_MNT_ID, &etat) == 0;
     const uint64_t peripherique = uint64_t{etat.stx_dev_major} << 32 | etat.stx_dev_minor;
@@ -127,8 +125,7 @@ uint16_t ModeDepuisType(uint8_t type)
 // False when the entry has gone meanwhile.
 bool Decrire(int dossier, const char* nom, uint8_t type, Attributs sorte, EntreeDossier& entree)
 {
-    struct statx etat {
-    };
+    struct statx etat {};
     constexpr unsigned voulu = STATX_TYPE | STATX_MODE | STATX_SIZE | STATX_BTIME | STATX_MTIME;
     constexpr int drapeaux = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | AT_STATX_DONT_SYNC;
     if (statx(dossier, nom, drapeaux, voulu, &etat) != 0) {
@@ -290,8 +287,7 @@ void Parcours::Remonter()
 Fichier Parcours::Ouvrir(const std::string& nomReel) const
 {
     const int dossier = etat_->Courant();
-    struct stat etat {
-    };
+    struct stat etat {};
     if (dossier < 0 || !NomSimple(nomReel) || fstatat(dossier, nomReel.c_str(), &etat, AT_SYMLINK_NOFOLLOW) != 0 ||
         !S_ISREG(etat.st_mode))
         return {};

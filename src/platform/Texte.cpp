@@ -11,8 +11,7 @@
 #include <QList>
 #include <QString>
 
-namespace
-{
+namespace {
 // Characters of the bytes 0x80 to 0x9F.
 constexpr std::array<char16_t, 32> ansiHaut = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
@@ -127,8 +126,7 @@ const Poids* TablePoids()
 }
 
 // Gives the weights of a text one letter at a time.
-class Lettres
-{
+class Lettres {
 public:
     explicit Lettres(std::string_view texte) : texte_(texte), table_(TablePoids()) {}
 

@@ -3,8 +3,7 @@
 #include <QMimeDatabase>
 #include <QMimeType>
 
-namespace
-{
+namespace {
 // An invalid type for an unknown extension.
 QMimeType TypeDe(const std::string& extension)
 {

@@ -2,7 +2,8 @@
 
 #include <string>
 
-// What the desktop knows of a file extension (lower case, without "."), from the shared MIME database, by extension only.
+// What the desktop knows of a file extension (lower case, without "."), from the shared MIME database, by extension
+// only.
 
 // Name in the user's language ("image PNG"); empty for an unknown extension.
 std::string NomTypeFichier(const std::string& extension);

@@ -3,8 +3,7 @@
 #include "shell/Dialogues.h"
 
 // Message boxes over the active window. Their buttons are French whatever translations are installed.
-class FenetreDialogues : public Dialogues
-{
+class FenetreDialogues : public Dialogues {
 public:
     void Informer(const std::string& texte) override;
     bool Demander(const std::string& question, const std::string& titre = "Velourne") override;

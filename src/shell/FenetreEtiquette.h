@@ -4,8 +4,7 @@
 
 // A line of text cut in its middle to the width there is. It asks for no width of its own and always has the height of
 // one line, so that a path that changes moves nothing around it.
-class FenetreEtiquette : public QLabel
-{
+class FenetreEtiquette : public QLabel {
 public:
     explicit FenetreEtiquette(QWidget* parent = nullptr);
 

@@ -7,8 +7,7 @@
 #include "shell/FrmExit.h"
 #include "store/CycleBase.h"
 
-namespace
-{
+namespace {
 
 // On a thread of its own, so that the waiting window keeps painting whatever the size of the base.
 void CompacterEnPatientant()

@@ -6,8 +6,7 @@ class QLabel;
 class QProgressBar;
 
 // The waiting window: passive, without commands, keeps the other windows from being used while it shows.
-class FrmExit : public QWidget
-{
+class FrmExit : public QWidget {
 public:
     explicit FrmExit(QWidget* parent = nullptr);
 

@@ -13,8 +13,7 @@
 #include "shell/FrmExit.h"
 #include "store/CycleBase.h"
 
-namespace
-{
+namespace {
 
 constexpr const char* Repos = "Cliquer sur un des deux boutons ci dessus pour accéder au logiciel";
 

@@ -15,8 +15,7 @@ class QToolButton;
 
 // The start window. It leads to the two activities, reading a media and viewing the catalogue, and holds who is in
 // front and where the user came from.
-class FrmMain : public QWidget
-{
+class FrmMain : public QWidget {
 public:
     // What the start window needs of the browser.
     struct Vue {

@@ -14,8 +14,7 @@
 #include "shell/FrmExit.h"
 #include "shell/FrmMain.h"
 
-namespace
-{
+namespace {
 
 FrmMain::Vue CreerVue(FrmMain& principale, Dialogues& dialogues)
 {

@@ -9,8 +9,7 @@
 #include "store/Connexion.h"
 #include "store/TraduireSql.h"
 
-namespace
-{
+namespace {
 
 std::mutex verrouRegistre;
 

@@ -10,8 +10,7 @@
 #include "platform/Texte.h"
 #include "store/Motif.h"
 
-namespace
-{
+namespace {
 
 constexpr std::string_view Signature("SQLite format 3\0", 16);
 constexpr size_t LignesParLot = 32;

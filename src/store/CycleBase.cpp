@@ -9,8 +9,7 @@
 #include "store/Base.h"
 #include "store/Reglages.h"
 
-namespace
-{
+namespace {
 
 std::string baseCourante;
 
@@ -19,8 +18,7 @@ std::atomic<bool> arbreARecharger{false};
 std::atomic<bool> iconesARecharger{false};
 
 // The extension list, with what makes "does it stand anywhere in the list" cheap for a million questions.
-class Extensions
-{
+class Extensions {
 public:
     const std::string& Texte() const { return texte_; }
 

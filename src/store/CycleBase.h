@@ -11,9 +11,9 @@
 const std::string& BaseCourante();
 void FixerBaseCourante(const std::string& chemin);
 
-std::string CheminModele();          // "Data.z" in the program directory
-std::string CheminBaseParDefaut();   // "defaut.vlr" there
-std::string CheminIconeTemporaire(); // "icon.tmp" there
+std::string CheminModele();           // "Data.z" in the program directory
+std::string CheminBaseParDefaut();    // "defaut.vlr" there
+std::string CheminIconeTemporaire();  // "icon.tmp" there
 
 // Finds the current base, makes it if missing, brings it to the present tables and fields, loads the extension list.
 void InitialiserBase();

@@ -5,8 +5,7 @@
 #include <vector>
 
 // A pattern of `like`, made ready for many texts: "*" any run of characters, "?" exactly one, all else itself.
-class Motif
-{
+class Motif {
 public:
     explicit Motif(std::string_view motif);
     bool Correspond(std::string_view texte) const;

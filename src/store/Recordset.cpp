@@ -8,8 +8,7 @@
 #include "store/Connexion.h"
 #include "store/TraduireSql.h"
 
-namespace
-{
+namespace {
 
 size_t Blancs(std::string_view texte)
 {

@@ -8,8 +8,7 @@
 #include "platform/Chemins.h"
 #include "platform/Fichiers.h"
 
-namespace
-{
+namespace {
 
 using Section = std::map<std::string, std::string, std::less<>>;
 using Sections = std::map<std::string, Section, std::less<>>;

@@ -6,8 +6,7 @@
 #include "platform/Texte.h"
 #include "store/Motif.h"
 
-namespace
-{
+namespace {
 
 constexpr char32_t Etoile = 0x110000;
 constexpr char32_t Interrogation = 0x110001;
@@ -78,8 +77,7 @@ bool EstTexteATrier(const Jeton& jeton)
     return jeton.genre == Jeton::Mot;
 }
 
-class Traducteur
-{
+class Traducteur {
 public:
     explicit Traducteur(std::string_view texte) : reste_(texte) { sortie_.reserve(texte.size() + 64); }
 

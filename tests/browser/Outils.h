@@ -29,8 +29,7 @@ int64_t AjouterMediaTest(const MediaTest& media);
 std::vector<int64_t> AjouterLignes(int64_t media, const std::vector<LigneTest>& lignes);
 
 // Answers yes or no, and keeps what was said.
-class DialoguesTest : public Dialogues
-{
+class DialoguesTest : public Dialogues {
 public:
     void Informer(const std::string& texte) override { dits.push_back(texte); }
     bool Demander(const std::string& question, const std::string&) override
@@ -43,8 +42,7 @@ public:
 };
 
 // A base of the test's own, current and empty.
-class EnvironnementBase : public Environnement
-{
+class EnvironnementBase : public Environnement {
 protected:
     EnvironnementBase();
     DialoguesTest dialogues_;

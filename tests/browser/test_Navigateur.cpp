@@ -10,13 +10,11 @@
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
-namespace
-{
+namespace {
 
 using Textes = std::vector<std::string>;
 
-class TestNavigateur : public EnvironnementBase
-{
+class TestNavigateur : public EnvironnementBase {
 protected:
     ~TestNavigateur() override { FixerPompe({}); }
 

@@ -7,11 +7,9 @@
 
 namespace fs = std::filesystem;
 
-namespace
-{
+namespace {
 
-class Choix : public ChoixLecteur
-{
+class Choix : public ChoixLecteur {
 public:
     char Choisir(const MediaDemande& media) override
     {
@@ -24,8 +22,7 @@ public:
 
 }  // namespace
 
-class TestOuvrir : public EnvironnementBase
-{
+class TestOuvrir : public EnvironnementBase {
 protected:
     TestOuvrir()
     {

@@ -11,8 +11,7 @@
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
-class TestVue : public EnvironnementBase
-{
+class TestVue : public EnvironnementBase {
 protected:
     TestVue()
     {

@@ -11,10 +11,11 @@ TEST_F(AiguillageTest, BrancheParExtension)
         const char *extension, *cle;
         bool vouluAuDepart;
     };
-    for (const Cas& cas : {Cas{"html", "HTM", true}, Cas{"zip", "Compression 0", false}, Cas{"arj", "Compression 1", true},
-                           Cas{"lzh", "Compression 2", false}, Cas{"rar", "Compression 3", false},
-                           Cas{"jpeg", "JPG", true}, Cas{"iff", "LBM", true}, Cas{"sys", "SYS", true},
-                           Cas{"", "EXE", true}, Cas{"ZIP", "EXE", true}, Cas{"txt", "EXE", true}}) {
+    for (const Cas& cas :
+         {Cas{"html", "HTM", true}, Cas{"zip", "Compression 0", false}, Cas{"arj", "Compression 1", true},
+          Cas{"lzh", "Compression 2", false}, Cas{"rar", "Compression 3", false}, Cas{"jpeg", "JPG", true},
+          Cas{"iff", "LBM", true}, Cas{"sys", "SYS", true}, Cas{"", "EXE", true}, Cas{"ZIP", "EXE", true},
+          Cas{"txt", "EXE", true}}) {
         const Branche& branche = ChoisirBranche(cas.extension);
         EXPECT_EQ(branche.cle, cas.cle) << cas.extension;
         EXPECT_EQ(branche.Voulue(), cas.vouluAuDepart) << cas.extension;

@@ -49,8 +49,8 @@ TEST_F(ExtractionTest, UneArborescenceEntiere)
 
     const std::string cle = " " + std::to_string(media.numero) + "-";
     EXPECT_EQ(Lignes("select * from Catalogue", {"Flag", "Tree", "Unite"})[0],
-              "1|#" + cle + "000000001#" + Lecteur(lettre_) + ";" + cle + "000000001#" + cle +
-                  "000000002#musique;" + cle + "000000002#" + cle + "000000003#live|" + Lecteur(lettre_)[0]);
+              "1|#" + cle + "000000001#" + Lecteur(lettre_) + ";" + cle + "000000001#" + cle + "000000002#musique;" +
+                  cle + "000000002#" + cle + "000000003#live|" + Lecteur(lettre_)[0]);
     EXPECT_EQ(compteurs_.repertoires, 2);
     EXPECT_EQ(compteurs_.fichiers, 2);
     EXPECT_EQ(compteurs_.archives, 1);

@@ -25,8 +25,7 @@
 
 namespace fs = std::filesystem;
 
-namespace
-{
+namespace {
 
 std::string Reglage(const char* cle)
 {
@@ -34,8 +33,7 @@ std::string Reglage(const char* cle)
 }
 
 // The question about giving up is answered after `avant` has run; all others with yes.
-class Questions : public ReponsesToutesPretes
-{
+class Questions : public ReponsesToutesPretes {
 public:
     std::function<bool()> avant;
 
@@ -46,8 +44,7 @@ public:
     }
 };
 
-class Assistant : public EnvironnementExtraction
-{
+class Assistant : public EnvironnementExtraction {
 protected:
     Assistant()
     {

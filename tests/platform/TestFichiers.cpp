@@ -17,10 +17,8 @@
 
 namespace fs = std::filesystem;
 
-namespace
-{
-class FichiersPropres : public Environnement
-{
+namespace {
+class FichiersPropres : public Environnement {
 protected:
     std::string Chemin(const char* nom) const { return (travail_ / nom).string(); }
     long Nombre() const { return std::distance(fs::directory_iterator(travail_), fs::directory_iterator()); }
@@ -28,8 +26,7 @@ protected:
 
 mode_t Mode(const std::string& chemin)
 {
-    struct stat etat {
-    };
+    struct stat etat {};
     return stat(chemin.c_str(), &etat) == 0 ? etat.st_mode & 07777 : 0;
 }
 }  // namespace

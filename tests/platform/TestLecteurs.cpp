@@ -7,8 +7,7 @@
 
 namespace fs = std::filesystem;
 
-namespace
-{
+namespace {
 constexpr const char* machine =
     "22 27 0:21 / /proc rw,relatime - proc proc rw\n"
     "24 27 0:6 / /dev rw - devtmpfs udev rw\n"
@@ -41,8 +40,7 @@ std::vector<std::string> Points(const std::vector<Montage>& montages)
     return points;
 }
 
-class Lettres : public Environnement
-{
+class Lettres : public Environnement {
 protected:
     fs::path Lien(const std::string& nom) const { return racine_ / "config/velourne/lecteurs" / nom; }
 };

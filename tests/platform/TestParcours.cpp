@@ -16,10 +16,8 @@
 
 namespace fs = std::filesystem;
 
-namespace
-{
-class ParcoursDossier : public Environnement
-{
+namespace {
+class ParcoursDossier : public Environnement {
 protected:
     ParcoursDossier() { DonnerLettre('t', travail_.string()); }
 
@@ -145,8 +143,7 @@ TEST_F(ParcoursDossier, SeulsLesFichiersOrdinairesSOuvrent)
 TEST_F(ParcoursDossier, CreationDateeDepuis1601)
 {
     Ecrire(travail_ / "neuf", "");
-    struct stat etat {
-    };
+    struct stat etat {};
     stat((travail_ / "neuf").c_str(), &etat);
     Parcours parcours('t');
     const int64_t secondes = Entrees(parcours).at("neuf").creation / 10'000'000 - 11'644'473'600;

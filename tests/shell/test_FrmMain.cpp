@@ -14,11 +14,9 @@
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
-namespace
-{
+namespace {
 
-class Reponse : public Dialogues
-{
+class Reponse : public Dialogues {
 public:
     bool oui = false;
     std::vector<std::string> dites;
@@ -30,8 +28,7 @@ public:
     }
 };
 
-class Depart : public Environnement
-{
+class Depart : public Environnement {
 protected:
     Depart() { Ouvrir(); }
 

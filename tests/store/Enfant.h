@@ -27,8 +27,7 @@ inline void LimiterDisque(rlim_t octets)
 }
 
 // A child that runs the function, then waits to be killed. Built once the function has run.
-class EnfantEnAttente
-{
+class EnfantEnAttente {
 public:
     explicit EnfantEnAttente(const std::function<void()>& fonction)
     {

@@ -6,11 +6,9 @@
 #include "store/Brut.h"
 #include "store/Enfant.h"
 
-namespace
-{
+namespace {
 
-class BaseStore : public Environnement
-{
+class BaseStore : public Environnement {
 protected:
     BaseStore() : chemin_((travail_ / "essai.vlr").string()) { CreerBaseVide(chemin_); }
 

@@ -6,13 +6,11 @@
 #include "store/Enfant.h"
 #include "store/Reglages.h"
 
-namespace
-{
+namespace {
 
 using Lignes = std::vector<std::string>;
 
-class Cycle : public Environnement
-{
+class Cycle : public Environnement {
 protected:
     std::string Programme(const char* nom) const { return (programme_ / nom).string(); }
     std::string Memorisee() const { return GetSetting("Settings", "BaseCourante", "rien"); }

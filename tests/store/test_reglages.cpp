@@ -6,11 +6,9 @@
 #include "store/Enfant.h"
 #include "store/Reglages.h"
 
-namespace
-{
+namespace {
 
-class Reglages : public Environnement
-{
+class Reglages : public Environnement {
 protected:
     static std::string Fichier() { return DossierConfiguration() + "/reglages"; }
 };

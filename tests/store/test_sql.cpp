@@ -3,8 +3,7 @@
 #include "store/Brut.h"
 #include "store/TraduireSql.h"
 
-namespace
-{
+namespace {
 
 struct CasMotif {
     const char* motif;
@@ -50,8 +49,7 @@ TEST(MotifSql, WildcardsCaseAndAccents)
     EXPECT_FALSE(CorrespondMotif("*a*a*a*a*a*a*a*a*a*a*a*a*a*a*a*a*b", std::string(20000, 'a')));
 }
 
-class Sql : public Environnement
-{
+class Sql : public Environnement {
 protected:
     Sql() : chemin_((travail_ / "essai.vlr").string())
     {
