@@ -1,6 +1,6 @@
 #include "extraction/AjouterFichier.h"
 
-#include "extraction/Aiguillage.h"
+#include "extractors/Aiguillage.h"
 #include "shell/Textes.h"
 
 namespace {
@@ -21,7 +21,7 @@ std::string Aiguiller(int64_t media, const LigneFichier& ligne, std::string_view
     if (branche.lister) {
         branche.lister({fichier, chemin, ligne.extension, media, numero});
         ++compteurs.listees;
-    } else if (!branche.extraire(fichier, ligne.extension, description)) {
+    } else if (!branche.extraire({fichier, chemin, ligne.extension}, description)) {
         description.clear();
     }
     return description;

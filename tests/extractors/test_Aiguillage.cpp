@@ -1,6 +1,5 @@
 #include "Environnement.h"
-#include "extraction/Aiguillage.h"
-#include "extraction/bsDrive.h"
+#include "extractors/Aiguillage.h"
 #include "store/Reglages.h"
 
 class AiguillageTest : public Environnement {};
@@ -32,16 +31,4 @@ TEST_F(AiguillageTest, ConditionsDuNom)
     EXPECT_FALSE(BrancheAdmise(ChoisirBranche("diz"), "readme.diz", "D:\\readme.diz"));
     EXPECT_FALSE(BrancheAdmise(ChoisirBranche("cda"), "Piste 01.cda", "D:\\Piste 01.cda"));
     EXPECT_TRUE(BrancheAdmise(ChoisirBranche("cda"), "PISTE.CDA", "D:\\PISTE.CDA"));
-}
-
-TEST(bsDrive, TextesDuLecteur)
-{
-    EXPECT_EQ(TexteSerie(0x1234ABCD), "1234-ABCD");
-    EXPECT_EQ(TexteSerie(0xABCDE), "ABCD-BCDE");
-    EXPECT_EQ(TexteSerie(0xAB), "AB-AB");
-    EXPECT_STREQ(NomTypeLecteur(5), "Lecteur DVD/CD-ROM");
-    EXPECT_STREQ(NomTypeLecteur(7), "Unknown");
-    bsDrive lecteur;
-    EXPECT_THROW(lecteur.GetInfo(""), std::invalid_argument);
-    EXPECT_THROW(lecteur.GetInfo("CD"), std::invalid_argument);
 }

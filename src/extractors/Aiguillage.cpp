@@ -1,9 +1,16 @@
-#include "extraction/Aiguillage.h"
+#include "extractors/Aiguillage.h"
 
 #include "platform/Texte.h"
 #include "store/Reglages.h"
 
 namespace {
+
+// An extractor that needs the content alone.
+template <bool (*Decrire)(const Fichier&, std::string&)>
+[[maybe_unused]] bool Contenu(const FichierADecrire& source, std::string& resultat)
+{
+    return Decrire(source.fichier, resultat);
+}
 
 // One row per branch, in the order in which they are tested. To add a kind of file, name its function here.
 constexpr Branche Branches[] = {

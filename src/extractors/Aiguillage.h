@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Fichier.h"
+#include "extractors/FichierADecrire.h"
 
 // The archive whose members a lister adds to the catalogue.
 struct ArchiveOuverte {
@@ -17,7 +17,7 @@ struct ArchiveOuverte {
 };
 
 // Draws a description out of a file; false, the text left alone, when there is none.
-using Extracteur = bool (*)(const Fichier& fichier, std::string_view extension, std::string& resultat);
+using Extracteur = bool (*)(const FichierADecrire& source, std::string& resultat);
 // Adds the rows of an archive's members.
 using ListeurArchive = void (*)(const ArchiveOuverte& archive);
 
