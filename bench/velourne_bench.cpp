@@ -5,6 +5,7 @@
 #include <array>
 #include <charconv>
 #include <chrono>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -20,10 +21,12 @@
 #include "browser/ListeFichiers.h"
 #include "extraction/Extraction.h"
 #include "extraction/VerifierCatalogue.h"
+#include "extractors/Aiguillage.h"
 #include "platform/Chemins.h"
 #include "platform/Fichiers.h"
 #include "platform/Lecteurs.h"
 #include "platform/Texte.h"
+#include "shell/Textes.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
@@ -40,6 +43,7 @@ constexpr const char* Aide =
     "  extraire DOSSIER BASE [IDENTIFIANT NOM]  lit un dossier comme un média dans la base\n"
     "  arbre BASE                               charge l'arbre de la base\n"
     "  dossier BASE CLE                         liste le contenu d'un noeud de l'arbre\n"
+    "  decrire FICHIER...                       chemin, sorte d'extracteur et description de chaque fichier\n"
     "Les réglages et les lettres sont dans XDG_CONFIG_HOME, les fichiers de travail dans XDG_DATA_HOME.\n";
 
 class Chronometre {
@@ -221,6 +225,21 @@ void Dossier(const Arguments& arguments)
     ImprimerMemoire();
 }
 
+// The path, the setting of the branch chosen ("-" for none) and the description, by tabs.
+void Decrire(const Arguments& arguments)
+{
+    for (size_t i = 1; i < arguments.size(); ++i) {
+        const std::string nom = NomEnTexte(fs::path(arguments[i]).filename().string());
+        const std::string extension = ExtensionFichier(nom);
+        const Branche& branche = ChoisirBranche(extension);
+        const bool voulue = branche.extraire && branche.Voulue() && BrancheAdmise(branche, nom, arguments[i]);
+        std::string description;
+        if (voulue)
+            branche.extraire({Fichier(arguments[i]), arguments[i], extension}, description);
+        fmt::print("{}\t{}\t{}\n", arguments[i], voulue ? branche.cle : "-", EnUneLigne(description));
+    }
+}
+
 struct Commande {
     std::string_view nom;
     size_t minimum, maximum;  // arguments, the name of the command among them
@@ -229,7 +248,7 @@ struct Commande {
 
 constexpr Commande Commandes[] = {
     {"generer", 4, 4, Generer}, {"regler", 4, 4, Regler},   {"extraire", 3, 5, Extraire},
-    {"arbre", 2, 2, Arbre},     {"dossier", 3, 3, Dossier},
+    {"arbre", 2, 2, Arbre},     {"dossier", 3, 3, Dossier}, {"decrire", 2, SIZE_MAX, Decrire},
 };
 
 }  // namespace
