@@ -27,13 +27,53 @@ void ListeFichiers::Vider()
     ++generation_;
 }
 
+namespace {
+
+// A length takes one byte per seven bits, the lowest first; the top bit says that more follow.
+void AjouterTexte(std::string& suite, std::string_view texte)
+{
+    size_t longueur = texte.size();
+    for (; longueur >= 0x80; longueur >>= 7)
+        suite += static_cast<char>(longueur | 0x80);
+    suite += static_cast<char>(longueur);
+    suite += texte;
+}
+
+std::string_view PrendreTexte(const char*& suite)
+{
+    size_t longueur = 0;
+    for (int decalage = 0;; decalage += 7) {
+        const auto octet = static_cast<unsigned char>(*suite++);
+        longueur |= static_cast<size_t>(octet & 0x7F) << decalage;
+        if (octet < 0x80)
+            break;
+    }
+    const std::string_view texte(suite, longueur);
+    suite += longueur;
+    return texte;
+}
+
+}  // namespace
+
 void ListeFichiers::Ajouter(const ItemListe& item)
 {
+    tampon_.clear();
+    AjouterTexte(tampon_, item.cle);
+    for (const std::string_view cellule : item.cellules)
+        AjouterTexte(tampon_, cellule);
     ordre_.push_back(static_cast<int32_t>(items_.size()));
-    ItemListe& copie = items_.emplace_back(item);
-    copie.cle = textes_.Ranger(item.cle);
-    for (std::string_view& cellule : copie.cellules)
-        cellule = textes_.Ranger(cellule);
+    items_.push_back({textes_.Ranger(tampon_).data(), item.icone});
+}
+
+ItemListe ListeFichiers::Deplier(const Item& item)
+{
+    ItemListe deplie;
+    const char* suite = item.textes;
+    deplie.cle = PrendreTexte(suite);
+    for (std::string_view& cellule : deplie.cellules)
+        cellule = PrendreTexte(suite);
+    deplie.icone = item.icone;
+    return deplie;
 }
 
 namespace {
@@ -76,8 +116,8 @@ void ListeFichiers::Trier(int colonne, bool decroissant)
         return;
     std::vector<std::string_view> textes;
     textes.reserve(items_.size());
-    for (const ItemListe& item : items_)
-        textes.push_back(item.cellules[static_cast<size_t>(colonne)]);
+    for (const Item& item : items_)
+        textes.push_back(Deplier(item).cellules[static_cast<size_t>(colonne)]);
     const std::vector<int32_t> rangs = RangsFrancais(textes);
 
     std::vector<std::pair<int32_t, int32_t>> cles;

@@ -45,15 +45,16 @@ struct CleItem {
 };
 CleItem AnalyserCleItem(std::string_view cle);
 
-// The entries of one directory, in one array, with the order in which they are shown.
+// The entries of one directory or one search, in one compact array (some 25 bytes beside the letters for each), with
+// the order in which they are shown.
 class ListeFichiers {
 public:
     void Vider();
     void Ajouter(const ItemListe& item);  // takes copies of the texts
 
     int32_t Nombre() const { return static_cast<int32_t>(ordre_.size()); }
-    // By place on the screen.
-    const ItemListe& operator[](int32_t rang) const { return items_[static_cast<size_t>(Indice(rang))]; }
+    // By place on the screen. Its texts stay valid until Vider.
+    ItemListe operator[](int32_t rang) const { return Deplier(items_[static_cast<size_t>(Indice(rang))]); }
     // Place in order of arrival of what stands at `rang` on the screen.
     int32_t Indice(int32_t rang) const { return ordre_[static_cast<size_t>(rang)]; }
 
@@ -66,9 +67,16 @@ public:
     uint64_t Generation() const { return generation_; }  // changes with each Vider
 
 private:
-    std::vector<ItemListe> items_;
+    struct Item {
+        const char* textes;  // key and cells, the length ahead of each
+        int32_t icone;
+    };
+    static ItemListe Deplier(const Item& item);
+
+    std::vector<Item> items_;
     std::vector<int32_t> ordre_;
     TextesRanges textes_;
+    std::string tampon_;
     std::string cleLue_;
     uint64_t generation_ = 0;
 };

@@ -56,7 +56,7 @@ QVariant ModeleListe::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid() || index.row() >= nombre_)
         return {};
-    const ItemListe& item = liste_[index.row()];
+    const ItemListe item = liste_[index.row()];
     if (role == Qt::DecorationRole && index.column() == ColNom)
         return images_.DeItem(item.icone);
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole)

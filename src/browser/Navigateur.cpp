@@ -63,7 +63,7 @@ bool Navigateur::CliquerNoeud(const EcouteLecture& ecoute, const std::function<v
 
 void Navigateur::CliquerItem(int32_t rang)
 {
-    const ItemListe& item = liste[rang];
+    const ItemListe item = liste[rang];
     const TypeItem type = item.EstRepertoire() ? TypeItem::Repertoire : TypeItem::Fichier;
     description = LireDescriptionItem(type, AnalyserCleItem(item.cle), item.cellules[ColNom], photo);
     descriptionDeNoeud = false;
