@@ -26,6 +26,7 @@
 #include "platform/Fichiers.h"
 #include "platform/Lecteurs.h"
 #include "platform/Texte.h"
+#include "search/RechercheLabel.h"
 #include "shell/Textes.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
@@ -44,6 +45,9 @@ constexpr const char* Aide =
     "  arbre BASE                               charge l'arbre de la base\n"
     "  dossier BASE CLE                         liste le contenu d'un noeud de l'arbre\n"
     "  decrire FICHIER...                       chemin, sorte d'extracteur et description de chaque fichier\n"
+    "  chercher BASE MOT [--onglet 0|1|2] [--media N] [--descriptions] [--noms] [--extension E] [--dates D1 D2]\n"
+    "           [--liste]                       cherche comme la fenêtre ; dates en AAAAMMJJ ; --liste : les "
+    "résultats\n"
     "Les réglages et les lettres sont dans XDG_CONFIG_HOME, les fichiers de travail dans XDG_DATA_HOME.\n";
 
 class Chronometre {
@@ -240,6 +244,64 @@ void Decrire(const Arguments& arguments)
     }
 }
 
+DemandeRecherche LireDemande(const Arguments& arguments, FiltreRecherche& filtre, bool& enListe)
+{
+    DemandeRecherche demande;
+    demande.mot = arguments[2];
+    for (size_t i = 3; i < arguments.size(); ++i) {
+        const auto suivant = [&]() -> const std::string& {
+            if (++i == arguments.size())
+                throw std::runtime_error("valeur attendue derrière " + arguments.back());
+            return arguments[i];
+        };
+        const std::string& option = arguments[i];
+        if (option == "--onglet")
+            demande.onglet = suivant() == "0" ? 0 : static_cast<int>(Nombre(arguments[i]));
+        else if (option == "--media")
+            demande.media = Nombre(suivant());
+        else if (option == "--descriptions")
+            demande.descriptions = true;
+        else if (option == "--noms")
+            demande.noms = true;
+        else if (option == "--extension")
+            filtre.extension = suivant();
+        else if (option == "--dates") {
+            filtre.debut = suivant();
+            filtre.fin = suivant();
+        } else if (option == "--liste")
+            enListe = true;
+        else
+            throw std::runtime_error("option inconnue : " + option);
+    }
+    filtre.mode = ChoisirMode(demande.onglet, !filtre.extension.empty(), !filtre.debut.empty());
+    return demande;
+}
+
+void Chercher(const Arguments& arguments)
+{
+    FiltreRecherche filtre;
+    bool enListe = false;
+    const DemandeRecherche demande = LireDemande(arguments, filtre, enListe);
+    OuvrirBase(arguments[1], false);
+
+    const Chronometre chronometre;
+    const std::string requete = TexteRecherche(demande);
+    ListeFichiers liste;
+    IconesExtensions icones;
+    RechercheLabel(requete, filtre, liste, icones);
+    const double secondes = chronometre.Secondes();
+
+    for (int32_t rang = 0; enListe && rang < liste.Nombre(); ++rang) {
+        const ItemListe item = liste[rang];
+        std::string ligne(item.cle);
+        for (const std::string_view cellule : item.cellules)
+            ligne.append("\t").append(EnUneLigne(cellule));
+        fmt::print("{}\n", ligne);
+    }
+    fmt::print("requete: {}\nresultats: {}\nsecondes: {:.3f}\n", requete, liste.Nombre(), secondes);
+    ImprimerMemoire();
+}
+
 struct Commande {
     std::string_view nom;
     size_t minimum, maximum;  // arguments, the name of the command among them
@@ -247,8 +309,10 @@ struct Commande {
 };
 
 constexpr Commande Commandes[] = {
-    {"generer", 4, 4, Generer}, {"regler", 4, 4, Regler},   {"extraire", 3, 5, Extraire},
-    {"arbre", 2, 2, Arbre},     {"dossier", 3, 3, Dossier}, {"decrire", 2, SIZE_MAX, Decrire},
+    {"generer", 4, 4, Generer},          {"regler", 4, 4, Regler},
+    {"extraire", 3, 5, Extraire},        {"arbre", 2, 2, Arbre},
+    {"dossier", 3, 3, Dossier},          {"decrire", 2, SIZE_MAX, Decrire},
+    {"chercher", 3, SIZE_MAX, Chercher},
 };
 
 }  // namespace

@@ -1,0 +1,62 @@
+#include "search/Requete.h"
+
+#include "platform/Texte.h"
+#include "shell/Textes.h"
+
+namespace {
+
+std::string ParDescription(const std::string& mot)
+{
+    return " Description like '" + mot + "' ";
+}
+
+std::string ParNom(const std::string& mot, const char* ou)
+{
+    return "Nom like '" + mot + ou + mot + "'";
+}
+
+}  // namespace
+
+// The blanks of these texts are as they are; so is the choice of a media, which a search in descriptions alone ignores.
+std::string TexteRecherche(const DemandeRecherche& demande)
+{
+    constexpr const char* ou = "' or  Alias like '";
+    constexpr const char* ouDansMedia = "' or Alias like '";
+    const std::string& mot = demande.mot;
+    const bool dansMedia = demande.onglet != RechercheAvancee && demande.media != 0;
+
+    std::string corps;
+    if (demande.descriptions && !demande.noms)
+        corps = ParDescription(mot);
+    else if (dansMedia && demande.descriptions)
+        corps = " NCatalogue = " + Str(demande.media) + " and (" + ParDescription(mot) + " or (" +
+                ParNom(mot, ouDansMedia) + ")) ";
+    else if (dansMedia)
+        corps = " NCatalogue = " + Str(demande.media) + " and (" + ParNom(mot, ouDansMedia) + ") ";
+    else if (demande.descriptions)
+        corps = ParDescription(mot) + " or (" + ParNom(mot, ou) + ") ";
+    else
+        corps = " " + ParNom(mot, ou) + " ";
+
+    const char* debut =
+        demande.onglet == RechercheAvancee ? "select * from Liste where  " : "select * from Liste where ";
+    return debut + corps + " order by Nom asc";
+}
+
+int ChoisirMode(int onglet, bool parExtension, bool parDates)
+{
+    if (onglet != RechercheAvancee)
+        return FiltreAucun;
+    return (parExtension ? FiltreExtension : 0) | (parDates ? FiltreDates : 0);
+}
+
+bool PasseFiltre(const FiltreRecherche& filtre, std::string_view nom, std::string_view date)
+{
+    if (filtre.mode & FiltreExtension) {
+        const size_t point = nom.rfind('.');
+        const std::string_view extension = point == nom.npos ? std::string_view() : nom.substr(point + 1);
+        if (point == nom.npos || Minuscules(Trim(filtre.extension)) != Minuscules(extension))
+            return false;
+    }
+    return !(filtre.mode & FiltreDates) || (date >= filtre.debut && date <= filtre.fin);
+}
