@@ -1,0 +1,104 @@
+#include "search/ChoixRecherche.h"
+
+#include <algorithm>
+
+#include "platform/Texte.h"
+#include "shell/Textes.h"
+#include "store/Base.h"
+#include "store/CycleBase.h"
+#include "store/Reglages.h"
+
+namespace {
+
+ChoixMedias ChargerMedias(const char* requete, const char* champ)
+{
+    ChoixMedias choix;
+    choix.textes.emplace_back(Tous);
+    Base base = OpenDatabase(BaseCourante());
+    for (Recordset medias = base.OpenRecordset(requete); !medias.Eof(); medias.MoveNext()) {
+        choix.textes.emplace_back(medias.Texte(champ));
+        choix.numeros.push_back(medias.Entier("Num"));
+    }
+    return choix;
+}
+
+std::string CleSaisie(int64_t numero)
+{
+    return "Saisie" + Str(numero);
+}
+
+std::string CleOption(int option)
+{
+    return "Rec" + Str(option);
+}
+
+int64_t NombreSaisies()
+{
+    constexpr double plusQuOnNEnTape = 1e6;
+    return static_cast<int64_t>(std::clamp(GetSettingNombre(SectionSettings, "CptSaisie", 0), 0.0, plusQuOnNEnTape));
+}
+
+}  // namespace
+
+std::vector<std::string> ChargerExtension()
+{
+    std::vector<std::string> extensions;
+    std::string_view reste = ListeExtensions();
+    while (!reste.empty()) {
+        const size_t fin = reste.find('|');
+        if (const std::string_view extension = reste.substr(0, fin); !Trim(extension).empty())
+            extensions.emplace_back(extension);
+        reste.remove_prefix(fin == reste.npos ? reste.size() : fin + 1);
+    }
+    std::sort(extensions.begin(), extensions.end(),
+              [](const std::string& a, const std::string& b) { return ComparerFrancais(a, b) < 0; });
+    extensions.emplace(extensions.begin(), Tous);
+    return extensions;
+}
+
+int64_t ChoixMedias::Numero(int rang) const
+{
+    return rang >= 1 && static_cast<size_t>(rang) <= numeros.size() ? numeros[static_cast<size_t>(rang) - 1] : 0;
+}
+
+ChoixMedias ChargerIdentifiant()
+{
+    return ChargerMedias("select * from Catalogue  order by label", "Identifiant");
+}
+
+ChoixMedias ChargerLabel()
+{
+    return ChargerMedias("select * from Catalogue  order by Label", "Label");
+}
+
+std::vector<std::string> LireSaisies()
+{
+    std::vector<std::string> saisies;
+    const int64_t nombre = NombreSaisies();
+    for (int64_t i = 1; i <= nombre; ++i)
+        saisies.push_back(GetSetting(SectionSettings, CleSaisie(i), ""));
+    return saisies;
+}
+
+void NoterSaisie(const std::string& mot)
+{
+    if (mot.empty())
+        return;
+    const std::vector<std::string> saisies = LireSaisies();
+    for (const std::string& saisie : saisies)
+        if (Trim(saisie) == mot)
+            return;
+    const auto numero = static_cast<int64_t>(saisies.size()) + 1;
+    SaveSetting(SectionSettings, CleSaisie(numero), mot);
+    SaveSettingNombre(SectionSettings, "CptSaisie", static_cast<double>(numero));
+}
+
+bool OptionActive(int option)
+{
+    return GetSettingNombre(SectionSettings, CleOption(option), 0) == 1;
+}
+
+void FixerOption(int option, bool active)
+{
+    SaveSetting(SectionSettings, CleOption(option), active ? "1" : "0");
+}
