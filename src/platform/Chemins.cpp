@@ -121,6 +121,11 @@ std::string DossierConfiguration()
     return DossierDeBase("XDG_CONFIG_HOME", "/.config");
 }
 
+std::string DossierCache()
+{
+    return DossierDeBase("XDG_CACHE_HOME", "/.cache");
+}
+
 std::string CheminReel(char lettre, const std::vector<std::string>& noms)
 {
     const std::string racine = RacineDuLecteur(lettre);

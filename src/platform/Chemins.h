@@ -14,6 +14,9 @@ void FixerDossierProgramme(const std::string& dossier);
 // $XDG_CONFIG_HOME/velourne, made if missing. Not cached: follows the environment.
 std::string DossierConfiguration();
 
+// $XDG_CACHE_HOME/velourne, for what can be made again, the same way.
+std::string DossierCache();
+
 // Real path of a catalogued entry: the drive's folder and the names below it. Each name is tried as UTF-8, then as
 // Western European ANSI. Empty when nothing stands there. With no names: the top of the drive.
 std::string CheminReel(char lettre, const std::vector<std::string>& noms);

@@ -127,6 +127,23 @@ bool EcrireFichier(const std::string& chemin, std::string_view octets, bool priv
     return Remplacer(chemin, prive, [&](int sortie) { return Verser(sortie, octets); });
 }
 
+bool EcrireFichier(const std::string& chemin, const std::function<bool(const Versement&)>& remplir, bool prive)
+{
+    return Remplacer(chemin, prive, [&](int sortie) {
+        return remplir([sortie](std::string_view octets) { return Verser(sortie, octets); });
+    });
+}
+
+bool LireEtatFichier(const std::string& chemin, EtatFichier& etat)
+{
+    struct stat lu {};
+    if (stat(chemin.c_str(), &lu) != 0)
+        return false;
+    constexpr int64_t parSeconde = 1'000'000'000;
+    etat = {static_cast<uint64_t>(lu.st_size), lu.st_ino, lu.st_mtim.tv_sec * parSeconde + lu.st_mtim.tv_nsec};
+    return true;
+}
+
 bool LireFichierEntier(const std::string& chemin, std::string& octets)
 {
     const Fichier fichier(chemin);

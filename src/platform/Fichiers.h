@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -14,6 +16,18 @@ bool CopierFichier(const std::string& source, const std::string& cible);
 
 // Writes the bytes the same way. `prive`: readable by the owner only.
 bool EcrireFichier(const std::string& chemin, std::string_view octets, bool prive = false);
+
+// The same with the pieces that `remplir` gives to its argument, which is false when one can't be written.
+using Versement = std::function<bool(std::string_view octets)>;
+bool EcrireFichier(const std::string& chemin, const std::function<bool(const Versement&)>& remplir, bool prive);
+
+// What tells one state of a file from another.
+struct EtatFichier {
+    uint64_t taille = 0, numero = 0;  // bytes; number on its volume
+    int64_t modification = 0;         // nanoseconds since 1970
+    bool operator==(const EtatFichier&) const = default;
+};
+bool LireEtatFichier(const std::string& chemin, EtatFichier& etat);
 
 // Whole content; leaves `octets` untouched when the file can't be read.
 bool LireFichierEntier(const std::string& chemin, std::string& octets);

@@ -208,6 +208,23 @@ bool Base::CreateField(std::string_view table, const DefinitionChamp& champ)
     return fait;
 }
 
+bool Base::ParcourirNoms(const std::function<bool(int64_t, std::string_view, std::string_view)>& recevoir)
+{
+    if (!connexion_ || connexion_->enTransaction)  // rows that may yet be undone
+        return false;
+    const Enonce lignes = connexion_->Preparer("select rowid, Nom, Alias from Liste order by rowid");
+    const auto texte = [&lignes](int colonne) {
+        const auto* debut = reinterpret_cast<const char*>(sqlite3_column_text(lignes.get(), colonne));
+        const auto taille = static_cast<size_t>(sqlite3_column_bytes(lignes.get(), colonne));
+        return debut ? std::string_view(debut, taille) : std::string_view();
+    };
+    int etat = SQLITE_ERROR;
+    while (lignes && (etat = sqlite3_step(lignes.get())) == SQLITE_ROW)
+        if (!recevoir(sqlite3_column_int64(lignes.get(), 0), texte(1), texte(2)))
+            return false;
+    return etat == SQLITE_DONE;
+}
+
 void Base::CreerIndex()
 {
     if (!connexion_)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -44,6 +45,11 @@ public:
     // Each false when the table or field exists already, or anything else fails.
     bool CreateTableDef(std::string_view table, std::initializer_list<DefinitionChamp> champs);
     bool CreateField(std::string_view table, const DefinitionChamp& champ);
+    // Hands over number, name and alias of every row of `Liste`, by number, until the function returns false. False
+    // when not all rows could be read.
+    bool ParcourirNoms(
+        const std::function<bool(int64_t numero, std::string_view nom, std::string_view alias)>& recevoir);
+
     // Adds the indexes that the statements in use need and that the base lacks.
     void CreerIndex();
 

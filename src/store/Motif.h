@@ -4,6 +4,12 @@
 #include <string_view>
 #include <vector>
 
+// The text in the one case in which patterns are compared, as UTF-8.
+void Plier(std::string_view texte, std::string& plie);
+
+// The longest part of a pattern without wildcards, so folded: every text that matches holds it. Empty without one.
+std::string PartieFixe(std::string_view motif);
+
 // A pattern of `like`, made ready for many texts: "*" any run of characters, "?" exactly one, all else itself.
 class Motif {
 public:

@@ -197,6 +197,32 @@ private:
 
 }  // namespace
 
+void Plier(std::string_view texte, std::string& plie)
+{
+    plie.clear();
+    for (size_t i = 0; i < texte.size();) {
+        if (Ascii(texte[i]))
+            plie += Plate(texte[i++]);
+        else if (const char32_t c = SansCasse(CaractereSuivant(texte, i)); c < 0x80)
+            plie += Plate(static_cast<char>(c));
+        else
+            AjouterCaractere(plie, c);
+    }
+}
+
+std::string PartieFixe(std::string_view motif)
+{
+    std::string plusLongue, partie;
+    while (!motif.empty()) {
+        const size_t fin = std::min(motif.find_first_of("*?"), motif.size());
+        Plier(motif.substr(0, fin), partie);
+        if (partie.size() > plusLongue.size())
+            plusLongue.swap(partie);
+        motif.remove_prefix(std::min(fin + 1, motif.size()));
+    }
+    return plusLongue;
+}
+
 Motif::Motif(std::string_view motif)
 {
     Deplier(motif, caracteres_);
