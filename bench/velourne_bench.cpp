@@ -19,6 +19,7 @@
 
 #include "browser/ArbreCatalogue.h"
 #include "browser/ListeFichiers.h"
+#include "extraction/AjouterFichierZip.h"
 #include "extraction/Extraction.h"
 #include "extraction/VerifierCatalogue.h"
 #include "extractors/Aiguillage.h"
@@ -44,6 +45,7 @@ constexpr const char* Aide =
     "  arbre BASE                               charge l'arbre de la base\n"
     "  dossier BASE CLE                         liste le contenu d'un noeud de l'arbre\n"
     "  decrire FICHIER...                       chemin, sorte d'extracteur et description de chaque fichier\n"
+    "  membres ARCHIVE                          membres d'une archive : indice, indice du parent, texte du noeud\n"
     "Les réglages et les lettres sont dans XDG_CONFIG_HOME, les fichiers de travail dans XDG_DATA_HOME.\n";
 
 class Chronometre {
@@ -240,6 +242,13 @@ void Decrire(const Arguments& arguments)
     }
 }
 
+void Membres(const Arguments& arguments)
+{
+    const ArbreArchive tv = ListerArchive(Fichier(arguments[1]), ExtensionFichier(arguments[1]));
+    for (int32_t i = ArbreArchive::Racine; i <= tv.Nombre(); ++i)
+        fmt::print("{}\t{}\t{}\n", i, tv[i].parent, EnUneLigne(tv[i].texte));
+}
+
 struct Commande {
     std::string_view nom;
     size_t minimum, maximum;  // arguments, the name of the command among them
@@ -247,8 +256,8 @@ struct Commande {
 };
 
 constexpr Commande Commandes[] = {
-    {"generer", 4, 4, Generer}, {"regler", 4, 4, Regler},   {"extraire", 3, 5, Extraire},
-    {"arbre", 2, 2, Arbre},     {"dossier", 3, 3, Dossier}, {"decrire", 2, SIZE_MAX, Decrire},
+    {"generer", 4, 4, Generer}, {"regler", 4, 4, Regler},          {"extraire", 3, 5, Extraire}, {"arbre", 2, 2, Arbre},
+    {"dossier", 3, 3, Dossier}, {"decrire", 2, SIZE_MAX, Decrire}, {"membres", 2, 2, Membres},
 };
 
 }  // namespace
