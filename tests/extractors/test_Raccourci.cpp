@@ -12,24 +12,21 @@ std::string Petit(uint64_t valeur, int octets)
     return resultat;
 }
 
-// A shell link as the published format lays it down: header, ID list, link information, one string.
+// A shell link as the published format lays it down: header, ID list, link information.
 struct Lien {
     bool listeID = true;
     std::string local, partage, suite;  // either a local path or a share, and what remains behind it
 
-    uint32_t Drapeaux() const { return (listeID ? 0x01U : 0U) | 0x02U | 0x08U; }
-
     std::string Entete() const
     {
         const std::string classe = Petit(0x00021401, 4) + Petit(0, 4) + Petit(0x46000000000000C0, 8);
-        return Petit(0x4C, 4) + classe + Petit(Drapeaux(), 4) + Petit(0x20, 4) + std::string(24, '\x11') +
+        return Petit(0x4C, 4) + classe + Petit(listeID ? 3 : 2, 4) + Petit(0x20, 4) + std::string(24, '\x11') +
                Petit(4096, 4) + Petit(0, 4) + Petit(1, 4) + Petit(0, 2) + std::string(10, '\0');
     }
 
     std::string ListeID() const
     {
-        const std::string bureau = Petit(0x14, 2) + "\x1F\x50" + std::string(16, '\x22');
-        const std::string liste = bureau + Petit(0, 2);
+        const std::string liste = Petit(0x14, 2) + "\x1F\x50" + std::string(16, '\x22') + Petit(0, 2);
         return Petit(liste.size(), 2) + liste;
     }
 
@@ -47,16 +44,13 @@ struct Lien {
                Petit(enLocal ? 0 : entete, 4) + Petit(finMilieu, 4) + milieu + suite + '\0';
     }
 
-    std::string Octets() const
-    {
-        const std::string relatif = ".\\a";
-        return Entete() + (listeID ? ListeID() : "") + Emplacement() + Petit(relatif.size(), 2) + relatif;
-    }
+    std::string Octets() const { return Entete() + (listeID ? ListeID() : "") + Emplacement(); }
 };
 
 constexpr const char* Erreur = "Raccourci: Error occured in function 'ResolveWindowsShortcut' for \"D:\\essai.lnk\".";
 
-// The header without flags, a location block with these two places, and what follows.
+// The header without flags, then a location block of nothing but these two places and what follows: size, header size,
+// flags and volume count for nothing.
 std::string SansListe(uint32_t local, uint32_t suite, const std::string& textes)
 {
     std::string entete = Lien().Entete();
@@ -66,7 +60,6 @@ std::string SansListe(uint32_t local, uint32_t suite, const std::string& textes)
 
 }  // namespace
 
-// Whole 16 bytes of zeros come first in the block: its size, header size, flags and volume are not looked at.
 class RaccourciTest : public Environnement {
 protected:
     std::string Decrire(std::string_view octets) { return DecrireContenu(travail_, "lnk", octets); }
@@ -92,7 +85,7 @@ TEST_F(RaccourciTest, Cibles)
     EXPECT_EQ(Decrire(SansListe(0, 0, "")), "Raccourci: ");
 }
 
-TEST_F(RaccourciTest, CequiNEnEstPasUn)
+TEST_F(RaccourciTest, CeQuiNEnEstPasUn)
 {
     EXPECT_EQ(Decrire("[InternetShortcut]"), "Raccourci: Not a link file");
     EXPECT_EQ(Decrire("l\0\0\0"s), "Raccourci: Not a link file");
