@@ -1,5 +1,6 @@
 #include "extractors/Aiguillage.h"
 
+#include "extractors/ExtraireDescription.h"
 #include "platform/Texte.h"
 #include "store/Reglages.h"
 
@@ -14,13 +15,13 @@ template <bool (*Decrire)(const Fichier&, std::string&)>
 
 // One row per branch, in the order in which they are tested. To add a kind of file, name its function here.
 constexpr Branche Branches[] = {
-    {{"htm", "html"}, SectionDescriptions, "HTM", 1, false},
-    {{"diz"}, SectionDescriptions, "DIZ", 1, false},
-    {{"nfo"}, SectionDescriptions, "NFO", 1, false},
-    {{"bbs"}, SectionDescriptions, "BBS", 1, false},
-    {{"lnk"}, SectionDescriptions, "LNK", 1, false},
+    {{"htm", "html"}, SectionDescriptions, "HTM", 1, false, ExtraireDescription},
+    {{"diz"}, SectionDescriptions, "DIZ", 1, false, ExtraireDescription},
+    {{"nfo"}, SectionDescriptions, "NFO", 1, false, ExtraireDescription},
+    {{"bbs"}, SectionDescriptions, "BBS", 1, false, ExtraireDescription},
+    {{"lnk"}, SectionDescriptions, "LNK", 1, false, ExtraireDescription},
     {{"mp3"}, SectionDescriptions, "MP3", 1, false},
-    {{"vbp"}, SectionDescriptions, "VBP", 1, false},
+    {{"vbp"}, SectionDescriptions, "VBP", 1, false, ExtraireDescription},
     // The default of an archive kind is its own number, and only 1 means wanted: ARJ alone is on from the start.
     {{"zip"}, SectionSettings, "Compression 0", 0, true},
     {{"arj"}, SectionSettings, "Compression 1", 1, true},
@@ -33,7 +34,7 @@ constexpr Branche Branches[] = {
     {{"pcx"}, SectionDescriptions, "PCX", 1, false},
     {{"tga"}, SectionDescriptions, "TGA", 1, false},
     {{"iff", "lbm"}, SectionDescriptions, "LBM", 1, false},
-    {{"pdf"}, SectionDescriptions, "PDF", 1, false},
+    {{"pdf"}, SectionDescriptions, "PDF", 1, false, ExtraireDescription},
     {{"ogg"}, SectionDescriptions, "OGG", 1, false},
     {{"fon"}, SectionDescriptions, "FON", 1, false},
     {{"sys"}, SectionDescriptions, "SYS", 1, false},
