@@ -1,5 +1,6 @@
 #include "extractors/Aiguillage.h"
 
+#include "extractors/DecrireMP3.h"
 #include "platform/Texte.h"
 #include "store/Reglages.h"
 
@@ -7,7 +8,7 @@ namespace {
 
 // An extractor that needs the content alone.
 template <bool (*Decrire)(const Fichier&, std::string&)>
-[[maybe_unused]] bool Contenu(const FichierADecrire& source, std::string& resultat)
+bool Contenu(const FichierADecrire& source, std::string& resultat)
 {
     return Decrire(source.fichier, resultat);
 }
@@ -19,7 +20,7 @@ constexpr Branche Branches[] = {
     {{"nfo"}, SectionDescriptions, "NFO", 1, false},
     {{"bbs"}, SectionDescriptions, "BBS", 1, false},
     {{"lnk"}, SectionDescriptions, "LNK", 1, false},
-    {{"mp3"}, SectionDescriptions, "MP3", 1, false},
+    {{"mp3"}, SectionDescriptions, "MP3", 1, false, Contenu<DecrireMP3>},
     {{"vbp"}, SectionDescriptions, "VBP", 1, false},
     // The default of an archive kind is its own number, and only 1 means wanted: ARJ alone is on from the start.
     {{"zip"}, SectionSettings, "Compression 0", 0, true},
