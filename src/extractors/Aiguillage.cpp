@@ -1,6 +1,7 @@
 #include "extractors/Aiguillage.h"
 
 #include "extractors/DecrireMP3.h"
+#include "extractors/DecrireOgg.h"
 #include "platform/Texte.h"
 #include "store/Reglages.h"
 
@@ -35,7 +36,7 @@ constexpr Branche Branches[] = {
     {{"tga"}, SectionDescriptions, "TGA", 1, false},
     {{"iff", "lbm"}, SectionDescriptions, "LBM", 1, false},
     {{"pdf"}, SectionDescriptions, "PDF", 1, false},
-    {{"ogg"}, SectionDescriptions, "OGG", 1, false},
+    {{"ogg"}, SectionDescriptions, "OGG", 1, false, Contenu<DecrireOgg>},
     {{"fon"}, SectionDescriptions, "FON", 1, false},
     {{"sys"}, SectionDescriptions, "SYS", 1, false},
 };
