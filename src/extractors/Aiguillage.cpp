@@ -1,5 +1,6 @@
 #include "extractors/Aiguillage.h"
 
+#include "extractors/DecrireOgg.h"
 #include "extractors/ExtraireDescription.h"
 #include "platform/Texte.h"
 #include "store/Reglages.h"
@@ -8,7 +9,7 @@ namespace {
 
 // An extractor that needs the content alone.
 template <bool (*Decrire)(const Fichier&, std::string&)>
-[[maybe_unused]] bool Contenu(const FichierADecrire& source, std::string& resultat)
+bool Contenu(const FichierADecrire& source, std::string& resultat)
 {
     return Decrire(source.fichier, resultat);
 }
@@ -20,7 +21,7 @@ constexpr Branche Branches[] = {
     {{"nfo"}, SectionDescriptions, "NFO", 1, false, ExtraireDescription},
     {{"bbs"}, SectionDescriptions, "BBS", 1, false, ExtraireDescription},
     {{"lnk"}, SectionDescriptions, "LNK", 1, false, ExtraireDescription},
-    {{"mp3"}, SectionDescriptions, "MP3", 1, false},
+    {{"mp3"}, SectionDescriptions, "MP3", 1, false, ExtraireDescription},
     {{"vbp"}, SectionDescriptions, "VBP", 1, false, ExtraireDescription},
     // The default of an archive kind is its own number, and only 1 means wanted: ARJ alone is on from the start.
     {{"zip"}, SectionSettings, "Compression 0", 0, true},
@@ -35,7 +36,7 @@ constexpr Branche Branches[] = {
     {{"tga"}, SectionDescriptions, "TGA", 1, false},
     {{"iff", "lbm"}, SectionDescriptions, "LBM", 1, false},
     {{"pdf"}, SectionDescriptions, "PDF", 1, false, ExtraireDescription},
-    {{"ogg"}, SectionDescriptions, "OGG", 1, false},
+    {{"ogg"}, SectionDescriptions, "OGG", 1, false, Contenu<DecrireOgg>},
     {{"fon"}, SectionDescriptions, "FON", 1, false},
     {{"sys"}, SectionDescriptions, "SYS", 1, false},
 };

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "extractors/DecrireHTML.h"
+#include "extractors/DecrireMP3.h"
 #include "extractors/DecrirePDF.h"
 #include "extractors/DecrireProjet.h"
 #include "extractors/DecrireTexte.h"
@@ -16,8 +17,8 @@ struct Sorte {
 };
 
 constexpr Sorte Sortes[] = {
-    {"htm", DecrireHTML},  {"html", DecrireHTML}, {"pdf", DecrirePDF},    {"diz", DecrireTexte},
-    {"nfo", DecrireTexte}, {"bbs", DecrireTexte}, {"vbp", DecrireProjet},
+    {"htm", DecrireHTML},  {"html", DecrireHTML}, {"pdf", DecrirePDF}, {"diz", DecrireTexte},
+    {"nfo", DecrireTexte}, {"bbs", DecrireTexte}, {"mp3", DecrireMP3}, {"vbp", DecrireProjet},
 };
 
 }  // namespace
