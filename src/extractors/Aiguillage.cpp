@@ -1,5 +1,6 @@
 #include "extractors/Aiguillage.h"
 
+#include "extractors/LireVersionFichier.h"
 #include "platform/Texte.h"
 #include "store/Reglages.h"
 
@@ -7,7 +8,7 @@ namespace {
 
 // An extractor that needs the content alone.
 template <bool (*Decrire)(const Fichier&, std::string&)>
-[[maybe_unused]] bool Contenu(const FichierADecrire& source, std::string& resultat)
+bool Contenu(const FichierADecrire& source, std::string& resultat)
 {
     return Decrire(source.fichier, resultat);
 }
@@ -35,11 +36,11 @@ constexpr Branche Branches[] = {
     {{"iff", "lbm"}, SectionDescriptions, "LBM", 1, false},
     {{"pdf"}, SectionDescriptions, "PDF", 1, false},
     {{"ogg"}, SectionDescriptions, "OGG", 1, false},
-    {{"fon"}, SectionDescriptions, "FON", 1, false},
-    {{"sys"}, SectionDescriptions, "SYS", 1, false},
+    {{"fon"}, SectionDescriptions, "FON", 1, false, Contenu<LireVersionFichier>},
+    {{"sys"}, SectionDescriptions, "SYS", 1, false, Contenu<LireVersionFichier>},
 };
 
-constexpr Branche ToutLeReste = {{}, SectionDescriptions, "EXE", 1, false};
+constexpr Branche ToutLeReste = {{}, SectionDescriptions, "EXE", 1, false, Contenu<LireVersionFichier>};
 
 }  // namespace
 
