@@ -2,6 +2,7 @@
 
 #include "extractors/DecrireOgg.h"
 #include "extractors/ExtraireDescription.h"
+#include "extractors/LireVersionFichier.h"
 #include "platform/Texte.h"
 #include "store/Reglages.h"
 
@@ -37,11 +38,11 @@ constexpr Branche Branches[] = {
     {{"iff", "lbm"}, SectionDescriptions, "LBM", 1, false},
     {{"pdf"}, SectionDescriptions, "PDF", 1, false, ExtraireDescription},
     {{"ogg"}, SectionDescriptions, "OGG", 1, false, Contenu<DecrireOgg>},
-    {{"fon"}, SectionDescriptions, "FON", 1, false},
-    {{"sys"}, SectionDescriptions, "SYS", 1, false},
+    {{"fon"}, SectionDescriptions, "FON", 1, false, Contenu<LireVersionFichier>},
+    {{"sys"}, SectionDescriptions, "SYS", 1, false, Contenu<LireVersionFichier>},
 };
 
-constexpr Branche ToutLeReste = {{}, SectionDescriptions, "EXE", 1, false};
+constexpr Branche ToutLeReste = {{}, SectionDescriptions, "EXE", 1, false, Contenu<LireVersionFichier>};
 
 }  // namespace
 
