@@ -1,5 +1,9 @@
 #include "extractors/Aiguillage.h"
 
+#include "extractors/DecrireImage.h"
+#include "extractors/DecrireLBM.h"
+#include "extractors/DecrirePCX.h"
+#include "extractors/DecrireTGA.h"
 #include "platform/Texte.h"
 #include "store/Reglages.h"
 
@@ -7,9 +11,14 @@ namespace {
 
 // An extractor that needs the content alone.
 template <bool (*Decrire)(const Fichier&, std::string&)>
-[[maybe_unused]] bool Contenu(const FichierADecrire& source, std::string& resultat)
+bool Contenu(const FichierADecrire& source, std::string& resultat)
 {
     return Decrire(source.fichier, resultat);
+}
+
+bool Lbm(const FichierADecrire& source, std::string& resultat)
+{
+    return DecrireLBM(source.fichier, source.extension, resultat);
 }
 
 // One row per branch, in the order in which they are tested. To add a kind of file, name its function here.
@@ -26,13 +35,13 @@ constexpr Branche Branches[] = {
     {{"arj"}, SectionSettings, "Compression 1", 1, true},
     {{"lha", "lzh"}, SectionSettings, "Compression 2", 2, true},
     {{"rar"}, SectionSettings, "Compression 3", 3, true},
-    {{"jpg", "jpeg"}, SectionDescriptions, "JPG", 1, false},
-    {{"bmp"}, SectionDescriptions, "BMP", 1, false},
-    {{"png"}, SectionDescriptions, "PNG", 1, false},
-    {{"gif"}, SectionDescriptions, "GIF", 1, false},
-    {{"pcx"}, SectionDescriptions, "PCX", 1, false},
-    {{"tga"}, SectionDescriptions, "TGA", 1, false},
-    {{"iff", "lbm"}, SectionDescriptions, "LBM", 1, false},
+    {{"jpg", "jpeg"}, SectionDescriptions, "JPG", 1, false, Contenu<DecrireImage>},
+    {{"bmp"}, SectionDescriptions, "BMP", 1, false, Contenu<DecrireImage>},
+    {{"png"}, SectionDescriptions, "PNG", 1, false, Contenu<DecrireImage>},
+    {{"gif"}, SectionDescriptions, "GIF", 1, false, Contenu<DecrireImage>},
+    {{"pcx"}, SectionDescriptions, "PCX", 1, false, Contenu<DecrirePCX>},
+    {{"tga"}, SectionDescriptions, "TGA", 1, false, Contenu<DecrireTGA>},
+    {{"iff", "lbm"}, SectionDescriptions, "LBM", 1, false, Lbm},
     {{"pdf"}, SectionDescriptions, "PDF", 1, false},
     {{"ogg"}, SectionDescriptions, "OGG", 1, false},
     {{"fon"}, SectionDescriptions, "FON", 1, false},
