@@ -1,6 +1,10 @@
 #include "extractors/Aiguillage.h"
 
+#include "extractors/DecrireImage.h"
+#include "extractors/DecrireLBM.h"
 #include "extractors/DecrireOgg.h"
+#include "extractors/DecrirePCX.h"
+#include "extractors/DecrireTGA.h"
 #include "extractors/ExtraireDescription.h"
 #include "extractors/LireVersionFichier.h"
 #include "platform/Texte.h"
@@ -13,6 +17,11 @@ template <bool (*Decrire)(const Fichier&, std::string&)>
 bool Contenu(const FichierADecrire& source, std::string& resultat)
 {
     return Decrire(source.fichier, resultat);
+}
+
+bool Lbm(const FichierADecrire& source, std::string& resultat)
+{
+    return DecrireLBM(source.fichier, source.extension, resultat);
 }
 
 // One row per branch, in the order in which they are tested. To add a kind of file, name its function here.
@@ -29,13 +38,13 @@ constexpr Branche Branches[] = {
     {{"arj"}, SectionSettings, "Compression 1", 1, true},
     {{"lha", "lzh"}, SectionSettings, "Compression 2", 2, true},
     {{"rar"}, SectionSettings, "Compression 3", 3, true},
-    {{"jpg", "jpeg"}, SectionDescriptions, "JPG", 1, false},
-    {{"bmp"}, SectionDescriptions, "BMP", 1, false},
-    {{"png"}, SectionDescriptions, "PNG", 1, false},
-    {{"gif"}, SectionDescriptions, "GIF", 1, false},
-    {{"pcx"}, SectionDescriptions, "PCX", 1, false},
-    {{"tga"}, SectionDescriptions, "TGA", 1, false},
-    {{"iff", "lbm"}, SectionDescriptions, "LBM", 1, false},
+    {{"jpg", "jpeg"}, SectionDescriptions, "JPG", 1, false, Contenu<DecrireImage>},
+    {{"bmp"}, SectionDescriptions, "BMP", 1, false, Contenu<DecrireImage>},
+    {{"png"}, SectionDescriptions, "PNG", 1, false, Contenu<DecrireImage>},
+    {{"gif"}, SectionDescriptions, "GIF", 1, false, Contenu<DecrireImage>},
+    {{"pcx"}, SectionDescriptions, "PCX", 1, false, Contenu<DecrirePCX>},
+    {{"tga"}, SectionDescriptions, "TGA", 1, false, Contenu<DecrireTGA>},
+    {{"iff", "lbm"}, SectionDescriptions, "LBM", 1, false, Lbm},
     {{"pdf"}, SectionDescriptions, "PDF", 1, false, ExtraireDescription},
     {{"ogg"}, SectionDescriptions, "OGG", 1, false, Contenu<DecrireOgg>},
     {{"fon"}, SectionDescriptions, "FON", 1, false, Contenu<LireVersionFichier>},
