@@ -29,6 +29,7 @@ FenetreLecteurs::FenetreLecteurs(Dialogues& dialogues, std::function<std::string
     liste_->setHeaderLabels({"Lecteur", "Emplacement"});
     liste_->setRootIsDecorated(false);
     liste_->setUniformRowHeights(true);
+    liste_->setTextElideMode(Qt::ElideMiddle);
     liste_->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     libres_ = new QComboBox;
     libres_->setObjectName("Libres");

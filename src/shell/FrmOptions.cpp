@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QListWidget>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -26,6 +27,26 @@ QCheckBox* CreerCase(const Option& option, const char* nom, size_t rang, QLayout
     mise.addWidget(boite);
     return boite;
 }
+
+// Rows of check boxes that do not touch.
+class RangeesAerees : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 4);
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        // On a dark list an empty box, dark with a dark outline, would not be seen.
+        if (option->palette.color(QPalette::Base).lightness() < 128)
+            option->palette.setColor(QPalette::Base, option->palette.color(QPalette::Window).lighter(160));
+    }
+};
 
 }  // namespace
 
@@ -63,6 +84,7 @@ QWidget* FrmOptions::CreerDescriptions()
     descriptions_->setObjectName("ListeDescriptions");
     descriptions_->setAccessibleName("Descriptions");
     descriptions_->setUniformItemSizes(true);
+    descriptions_->setItemDelegate(new RangeesAerees(descriptions_));
     descriptions_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
     for (const Option& option : OptionsDescriptions) {
         auto* ligne = new QListWidgetItem(EnTexte(option.texte), descriptions_);
