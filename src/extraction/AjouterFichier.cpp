@@ -16,7 +16,7 @@ std::string Aiguiller(int64_t media, const LigneFichier& ligne, std::string_view
         !ligne.entree || !ligne.entree->ordinaire)
         return {};
 
-    const Fichier fichier = ligne.parcours->Ouvrir(ligne.entree->nomReel);
+    const Fichier fichier = ligne.parcours->Ouvrir(*ligne.entree);
     std::string description;
     if (branche.lister) {
         branche.lister({fichier, chemin, ligne.extension, media, numero});

@@ -54,7 +54,8 @@ Fichier& Fichier::operator=(Fichier&& autre) noexcept
 size_t Fichier::Lire(uint64_t position, void* tampon, size_t nombre) const
 {
     char* const cible = static_cast<char*>(tampon);
-    if (position >= PremierBloc || nombre > PremierBloc)
+    constexpr size_t coupDOeil = 4;
+    if (position >= PremierBloc || nombre > PremierBloc || (nombre <= coupDOeil && !debutLu_))
         return LireDuDisque(position, cible, nombre);
     if (!debutLu_) {
         debut_.resize(static_cast<size_t>(std::min<uint64_t>(PremierBloc, taille_)));

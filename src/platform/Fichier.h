@@ -21,8 +21,8 @@ public:
     uint64_t Taille() const { return taille_; }
 
     // Reads up to `nombre` bytes from `position`; returns how many came, fewer at the end of the file or on an error.
-    // The first block is read once and kept, since headers and searches begin there again and again. A file is for one
-    // thread at a time.
+    // The first block is read once and kept, since headers and searches begin there again and again; a glance at a
+    // signature alone costs no block. A file is for one thread at a time.
     static constexpr size_t PremierBloc = 4096;
     size_t Lire(uint64_t position, void* tampon, size_t nombre) const;
 
