@@ -17,7 +17,7 @@ std::string Aiguiller(int64_t media, const LigneFichier& ligne, std::string_view
         !ligne.entree || !ligne.entree->ordinaire)
         return {};
 
-    const Fichier fichier = ligne.parcours->Ouvrir(ligne.entree->nomReel);
+    const Fichier fichier = ligne.parcours->Ouvrir(*ligne.entree);
     std::string description;
     if (branche.archive) {
         AjouterFichierZip({fichier, ligne.extension, media, numero});

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <map>
 #include <thread>
 
 #include "Outils.h"
@@ -272,4 +273,36 @@ TEST_F(ExtractionTest, PourcentageEtLigneDeProgression)
     ASSERT_EQ(extraction.Executer(), FinExtraction::Complete);
     EXPECT_EQ(extraction.Lire().pourcentage, "100 %");
     EXPECT_EQ(extraction.Lire().ligne, Lecteur(lettre_) + "\\moitie.bin");
+}
+
+// The descriptions of a run, from files whose names and settings decide, and what the base gives back of them.
+TEST_F(ExtractionTest, Descriptions)
+{
+    using namespace std::string_literals;
+    const std::string octets = "\0\x01\x1A\xB0\xC9\xE9\r\nfin\0"s;
+    Ecrire(disque_ / "FILE_ID.DIZ", octets);
+    Ecrire(disque_ / "readme.diz", octets);
+    Ecrire(disque_ / "vide.nfo", "");
+    Ecrire(disque_ / "page.HTML", "<TITLE>Été</TITLE>");
+    Ecrire(disque_ / "notes.txt", "MZ, disait-il");
+    Ecrire(disque_ / "Piste 01.cda", "MZ");
+    Ecrire(disque_ / "son.mp3", std::string(200, 'x'));
+    Ecrire(disque_ / "non.lnk", "ici");
+    Ecrire(disque_ / "image.gif", "GIF89a\x01\0\x02\0\x07"s);
+    SaveSetting(SectionDescriptions, "GIF", "0");
+    fs::create_symlink(disque_ / "FILE_ID.DIZ", disque_ / "lien.nfo");
+    const ReponseMedia media = Inscrire("CD1", "Disque un");
+    ASSERT_EQ(Lire(media.numero), FinExtraction::Complete);
+
+    Base base = OpenDatabase(BaseCourante());
+    std::map<std::string, std::string> descriptions;
+    for (Recordset lignes = base.OpenRecordset(Entrees); !lignes.Eof(); lignes.MoveNext())
+        if (!lignes.EstNul("Description"))
+            descriptions[std::string(lignes.Texte("Nom"))] = lignes.Texte("Description");
+    ASSERT_EQ(descriptions.size(), 4U);
+    EXPECT_EQ(descriptions["FILE_ID.DIZ"], "\0\x01\x1A°Éé\r\nfin\0"s);
+    EXPECT_EQ(descriptions["page.HTML"], "Titre: Ã‰tÃ©");  // one character for each byte
+    EXPECT_TRUE(descriptions["son.mp3"].starts_with("Album: \r\nChanson: \r\n"));
+    EXPECT_EQ(descriptions["non.lnk"].substr(0, 17), "Raccourci: Error ");
+    EXPECT_EQ(compteurs_.descriptions, 4);
 }
