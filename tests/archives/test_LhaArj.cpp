@@ -129,7 +129,7 @@ TEST_F(LhaArjTest, FaitsParDesOutils)
     Ecrire(travail_ / "a/b/d.txt", "court");
     Ecrire(travail_ / "hasard.bin", Contenu("/proc/self/exe").substr(0, 20000));
 
-    // Sizes are packed ones, in which this format counts the folders of the name.
+    // Sizes are packed ones, in which this level counts the extension that holds the folders of the name.
     Executer("jlha -a1f un.lzh hasard.bin a/b/d.txt a/b/c.txt");
     const Noeuds lha = Lister(ListerLha, "un.lzh");
     ASSERT_EQ(lha.size(), 3U);
