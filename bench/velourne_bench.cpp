@@ -264,6 +264,7 @@ constexpr Commande Commandes[] = {
 
 int main(int argc, char** argv)
 {
+    setenv("TZ", ":/etc/localtime", 0);  // as the program does
     const Arguments arguments(argv + 1, argv + argc);
     if (!arguments.empty() && (arguments[0] == "--help" || arguments[0] == "-h")) {
         fmt::print("{}", Aide);
