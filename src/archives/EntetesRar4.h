@@ -35,7 +35,7 @@ struct BlocRar4 {
 
     // Reads the header at the reader's place and leaves it behind. False when it is no header or cut short.
     bool Lire(LecteurOctets& lecteur);
-    // Whether the CRC is right for so many bytes from the header's first.
+    // Whether the CRC is right for so many bytes from the header's first; old blocks without a sound one pass.
     bool SommeJuste(size_t couverts) const;
 };
 
