@@ -8,7 +8,8 @@
 
 namespace {
 
-// Header of the archive and of each member; the name follows, ended by a NUL.
+// Header of the archive and of each member; the name follows, ended by a NUL. Newer archivers put fields of theirs
+// between the two.
 struct EnteteArj {
     PetitBoutiste<2> identifiant;
     PetitBoutiste<2> taille;  // from the next field to the CRC of the header
@@ -29,6 +30,13 @@ struct EnteteArj {
     PetitBoutiste<2> donneesHote;
 
     bool Valide() const { return identifiant == 60000U; }
+
+    // What stands ahead of the name; `tailleFixe` does not count the first two fields.
+    uint64_t DebutNom() const
+    {
+        const uint64_t debut = 4 + tailleFixe;
+        return tailleFixe < taille && debut > sizeof(EnteteArj) ? debut : sizeof(EnteteArj);
+    }
 
     // Length of the whole header: identifier, size, what the size counts, CRC and the size of an extended header.
     uint64_t Longueur() const { return 2 + 2 + taille + 4 + 2; }
@@ -63,6 +71,7 @@ void ListerArj(const Fichier& fichier, ArbreArchive& tv)
         if (!entete.Valide())
             continue;  // slides on by whole headers, not by bytes
         std::array<char, 256> tampon;
+        lecteur.Aller(place + entete.DebutNom());
         AccrocherMembre(LireNom(lecteur, tampon), entete.tailleCompressee, tv);
         lecteur.Aller(place + entete.Longueur() + entete.tailleCompressee);
     }
