@@ -306,3 +306,36 @@ TEST_F(ExtractionTest, Descriptions)
     EXPECT_EQ(descriptions["non.lnk"].substr(0, 17), "Raccourci: Error ");
     EXPECT_EQ(compteurs_.descriptions, 4);
 }
+
+// Archives inside a run: codes, order and texts of the rows of their members, and the asymmetric switches.
+TEST_F(ExtractionTest, MembresDArchives)
+{
+    Ecrire(travail_ / "a" / "b" / "c.txt", "12345");
+    Ecrire(travail_ / "a" / "vide.txt", "");
+    const std::string commande = "cd '" + travail_.string() + "' && TZ=UTC touch -d '2003-12-24 14:05' a/b/c.txt && ";
+    ASSERT_EQ(
+        std::system((commande + "zip -qr disque/un.zip a && arj a -m0 disque/deux.arj a/b/c.txt >/dev/null").c_str()),
+        0);
+    Ecrire(disque_ / "faux.rar", "pas une archive");
+    const ReponseMedia premier = Inscrire("CD1", "Disque un");
+    ASSERT_EQ(Lire(premier.numero), FinExtraction::Complete);
+    EXPECT_EQ(compteurs_.archives, 3);
+    EXPECT_EQ(compteurs_.listees, 1);  // ARJ alone is on from the start
+    EXPECT_EQ(compteurs_.fichiers, 3);
+
+    SaveSetting(SectionSettings, "Compression 0", "1");
+    SaveSetting(SectionSettings, "Compression 3", "1");
+    const ReponseMedia second = Inscrire("CD2", "Disque deux");
+    ASSERT_EQ(Lire(second.numero), FinExtraction::Complete);
+    EXPECT_EQ(compteurs_.listees, 3);
+    const std::string media = std::to_string(second.numero);
+    const std::string zip = Lignes("select * from Liste where Nom = 'un.zip' and NCatalogue = " + media, {"Num"})[0];
+    const auto code = [&](int64_t k) { return "A " + zip + " " + std::to_string(second.numero + k); };
+    EXPECT_EQ(Lignes("select * from Liste where Répertoire like 'A " + zip + " *' order by Num",
+                     {"Répertoire", "RepertoirePere", "Nom", "Taille", "TypeF", "DateF", "attribut"}),
+              (std::vector<std::string>{code(0) + "|" + code(1) + "|a| | | |Z", code(1) + "|" + code(2) + "|b| | | |Z",
+                                        code(2) + "|0|c.txt|5 b| |20031224| "}));
+    EXPECT_EQ(Compter("select * from Liste where Nom = 'c.txt' and NCatalogue = " + media), 2);
+    EXPECT_NE(ListeExtensions().find("|txt"), std::string::npos);
+    EXPECT_EQ(Lignes("select * from LE", {"Data"})[0], ListeExtensions());
+}
