@@ -184,9 +184,12 @@ void Arbre(const Arguments& arguments)
 std::string EnUneLigne(std::string_view cellule)
 {
     std::string ligne;
-    for (const char c : cellule)
-        ligne += c == '\t' ? "\\t" : c == '\n' ? "\\n" : c == '\r' ? "\\r" : std::string(1, c);
-    return ligne;
+    for (size_t special = 0; (special = cellule.find_first_of("\t\n\r")) != cellule.npos;) {
+        const char c = cellule[special];
+        ligne.append(cellule.substr(0, special)).append(c == '\t' ? "\\t" : c == '\n' ? "\\n" : "\\r");
+        cellule.remove_prefix(special + 1);
+    }
+    return ligne.append(cellule);
 }
 
 // Keys begin with a blank, which a caller may leave out. A node that only clicks would make is made below its media.
