@@ -19,6 +19,7 @@
 
 #include "browser/ArbreCatalogue.h"
 #include "browser/ListeFichiers.h"
+#include "extraction/AjouterFichierZip.h"
 #include "extraction/Extraction.h"
 #include "extraction/VerifierCatalogue.h"
 #include "extractors/Aiguillage.h"
@@ -45,6 +46,7 @@ constexpr const char* Aide =
     "  arbre BASE                               charge l'arbre de la base\n"
     "  dossier BASE CLE                         liste le contenu d'un noeud de l'arbre\n"
     "  decrire FICHIER...                       chemin, sorte d'extracteur et description de chaque fichier\n"
+    "  membres ARCHIVE                          membres d'une archive : indice, indice du parent, texte du noeud\n"
     "  chercher BASE MOT [--onglet 0|1|2] [--media N] [--descriptions] [--noms] [--extension E] [--dates D1 D2]\n"
     "           [--liste]                       cherche comme la fenêtre ; dates en AAAAMMJJ ; --liste : les "
     "résultats\n"
@@ -186,9 +188,12 @@ void Arbre(const Arguments& arguments)
 std::string EnUneLigne(std::string_view cellule)
 {
     std::string ligne;
-    for (const char c : cellule)
-        ligne += c == '\t' ? "\\t" : c == '\n' ? "\\n" : c == '\r' ? "\\r" : std::string(1, c);
-    return ligne;
+    for (size_t special = 0; (special = cellule.find_first_of("\t\n\r")) != cellule.npos;) {
+        const char c = cellule[special];
+        ligne.append(cellule.substr(0, special)).append(c == '\t' ? "\\t" : c == '\n' ? "\\n" : "\\r");
+        cellule.remove_prefix(special + 1);
+    }
+    return ligne.append(cellule);
 }
 
 // Keys begin with a blank, which a caller may leave out. A node that only clicks would make is made below its media.
@@ -302,6 +307,13 @@ void Chercher(const Arguments& arguments)
     ImprimerMemoire();
 }
 
+void Membres(const Arguments& arguments)
+{
+    const ArbreArchive tv = ListerArchive(Fichier(arguments[1]), ExtensionFichier(arguments[1]));
+    for (int32_t i = ArbreArchive::Racine; i <= tv.Nombre(); ++i)
+        fmt::print("{}\t{}\t{}\n", i, tv[i].parent, EnUneLigne(tv[i].texte));
+}
+
 struct Commande {
     std::string_view nom;
     size_t minimum, maximum;  // arguments, the name of the command among them
@@ -312,13 +324,14 @@ constexpr Commande Commandes[] = {
     {"generer", 4, 4, Generer},          {"regler", 4, 4, Regler},
     {"extraire", 3, 5, Extraire},        {"arbre", 2, 2, Arbre},
     {"dossier", 3, 3, Dossier},          {"decrire", 2, SIZE_MAX, Decrire},
-    {"chercher", 3, SIZE_MAX, Chercher},
+    {"chercher", 3, SIZE_MAX, Chercher}, {"membres", 2, 2, Membres},
 };
 
 }  // namespace
 
 int main(int argc, char** argv)
 {
+    setenv("TZ", ":/etc/localtime", 0);  // as the program does
     const Arguments arguments(argv + 1, argv + argc);
     if (!arguments.empty() && (arguments[0] == "--help" || arguments[0] == "-h")) {
         fmt::print("{}", Aide);

@@ -23,12 +23,12 @@ Environnement::Environnement()
     FixerDossierProgramme(programme_.string());
     OublierReglages();
     FixerBaseCourante("");
-    FixerAbandon(false);
     FixerArbreARecharger(false);
 }
 
 Environnement::~Environnement()
 {
+    FixerAbandon(false);
     std::error_code erreur;
     fs::permissions(racine_, fs::perms::owner_all, erreur);
     fs::remove_all(racine_, erreur);

@@ -18,7 +18,10 @@
 #include <QTreeView>
 
 #include "browser/CommandesBase.h"
+#include "browser/FenetreGrille.h"
 #include "shell/FenetrePlace.h"
+#include "shell/FrmOptions.h"
+#include "shell/Options.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
@@ -36,12 +39,6 @@ int LirePixels(std::string_view section, std::string_view cle, int defaut)
 void EcrirePixels(std::string_view section, std::string_view cle, int pixels)
 {
     SaveSettingNombre(section, cle, pixels * TwipsParPixel);
-}
-
-int LireEntier(std::string_view section, std::string_view cle, int defaut, int maximum)
-{
-    const double valeur = GetSettingNombre(section, cle, defaut);
-    return valeur >= 0 && valeur <= maximum ? static_cast<int>(valeur) : defaut;
 }
 
 std::string CleColonne(int colonne)
@@ -62,9 +59,18 @@ std::string DemanderFichier(QWidget* parent, const char* titre, bool ecrire)
     return dialogue.selectedFiles().first().toStdString();
 }
 
+// A description as the box shows it. Files give it NULs and other control characters: each takes the place of one
+// letter, so that columns and drawings made of letters stay in line.
 QString EnLignes(const std::string& texte)
 {
-    return QString::fromUtf8(texte.data(), static_cast<qsizetype>(texte.size())).replace("\r\n", "\n");
+    QString lignes = QString::fromUtf8(texte.data(), static_cast<qsizetype>(texte.size())).replace("\r\n", "\n");
+    for (QChar& lettre : lignes) {
+        if (lettre.category() == QChar::Other_Control && lettre != '\n' && lettre != '\r' && lettre != '\t')
+            lettre = ' ';
+        else if (lettre == QChar::SoftHyphen)
+            lettre = '-';
+    }
+    return lignes;
 }
 
 }  // namespace
@@ -148,7 +154,7 @@ void frmView::ChargerArbre(const std::function<void(double)>& progression)
 void frmView::Occuper(bool occupe)
 {
     tvTreeView_->setEnabled(!occupe);
-    for (QAction* action : {repert_[0], repert_[1], repert_[2], repert_[3], supprimer_, ajouter_})
+    for (QAction* action : {repert_[0], repert_[1], repert_[2], repert_[3], supprimer_, ajouter_, preferences_})
         action->setEnabled(!occupe);
 }
 
@@ -310,7 +316,7 @@ void frmView::LirePlace()
         move(0, 0);
     else
         PlacerFenetre(*this, "MainTop", "MainLeft");
-    const int etat = LireEntier(SectionSettings, "MainState", 0, 2);
+    const int etat = GetSettingEntier(SectionSettings, "MainState", 0, 2);
     if (etat == 2)
         setWindowState(Qt::WindowMaximized);
 
@@ -325,14 +331,28 @@ void frmView::LireReglages()
     QHeaderView* entete = lvRapport_->header();
     for (int i = 0; i < NombreColonnes; ++i)
         entete->resizeSection(i, LirePixels(SectionLvListView, CleColonne(i), entete->sectionSize(i)));
-    navigateur_.colonneTri = LireEntier(SectionLvListView, "SortKey", ColTaille, NombreColonnes - 1);
-    navigateur_.decroissant = LireEntier(SectionLvListView, "SortOrder", 0, 1) == 1;
+    navigateur_.colonneTri = GetSettingEntier(SectionLvListView, "SortKey", ColTaille, NombreColonnes - 1);
+    navigateur_.decroissant = GetSettingEntier(SectionLvListView, "SortOrder", 0, 1) == 1;
     entete->setSortIndicator(navigateur_.colonneTri,
                              navigateur_.decroissant ? Qt::DescendingOrder : Qt::AscendingOrder);
 
-    const int mode = LireEntier(SectionSettings, "View", Rapport, Rapport);
+    const int mode = GetSettingEntier(SectionSettings, "View", Rapport, Rapport);
     aff_->actions().at(mode)->setChecked(true);
     ChoisirAffichage(mode);
+    RelireOptions();
+}
+
+// What the preferences change in this window.
+void frmView::RelireOptions()
+{
+    grille_->Montrer(GrilleVoulue());
+    lvRapport_->viewport()->update();
+}
+
+void frmView::OuvrirPreferences()
+{
+    FrmOptions(dialogues_, this).exec();
+    RelireOptions();
 }
 
 void frmView::EcrireReglages()

@@ -13,6 +13,7 @@
 #include "browser/OuvrirFichier.h"
 #include "shell/Dialogues.h"
 
+class FenetreGrille;
 class QAbstractItemView;
 class QActionGroup;
 class QLabel;
@@ -59,6 +60,8 @@ private:
     QAbstractItemView* VueListe() const;
 
     void LireReglages();
+    void RelireOptions();
+    void OuvrirPreferences();
     void EcrireReglages();
     void LirePlace();
 
@@ -88,6 +91,7 @@ private:
 
     QTreeView* tvTreeView_ = nullptr;
     QTreeView* lvRapport_ = nullptr;
+    FenetreGrille* grille_ = nullptr;
     QListView* lvIcones_ = nullptr;
     QStackedWidget* lvListView_ = nullptr;
     QPlainTextEdit* description_ = nullptr;
@@ -101,6 +105,7 @@ private:
     QAction* repert_[4];  // create, open, copy, delete
     QAction* supprimer_;  // the tool bar's own delete
     QAction* ajouter_;
+    QAction* preferences_;
     QAction* quitter_;
     QAction* fichier1_[2];  // launch, open the folder
     QActionGroup* aff_;

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include <QActionGroup>
+#include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -17,6 +18,7 @@
 #include <QTreeView>
 
 #include "browser/CommandesBase.h"
+#include "browser/FenetreGrille.h"
 #include "browser/frmView.h"
 #include "shell/FenetrePlace.h"
 #include "store/Reglages.h"
@@ -38,6 +40,7 @@ void frmView::CreerActions()
     repert_[3] = CreerAction("&Supprimer le catalogue en cours", "catalogue-supprimer");
     supprimer_ = CreerAction("Supprimer le catalogue en cours", "catalogue-supprimer");
     ajouter_ = CreerAction("&Ajouter un nouveau média", "media-ajouter", QKeySequence("Ctrl+M"));
+    preferences_ = CreerAction("&Préférences", "preferences", QKeySequence("Ctrl+,"));
     quitter_ = CreerAction("&Quitter", nullptr, QKeySequence("Ctrl+Q"));
     fichier1_[0] = CreerAction("&Lancer le fichier");
     fichier1_[1] = CreerAction("&Ouvrir l'explorateur windows");
@@ -45,6 +48,7 @@ void frmView::CreerActions()
     repert_[0]->setToolTip(" Ajouter un nouveau catalogue ");
     repert_[1]->setToolTip(" Ouvrir un catalogue ");
     supprimer_->setToolTip(" Supprimer le catalogue en cours ");
+    preferences_->setToolTip(" Préférences ");
 
     connect(repert_[0], &QAction::triggered, this, [this] {
         const std::string chemin = choisirFichier("Créer un nouveau catalogue", true);
@@ -65,6 +69,7 @@ void frmView::CreerActions()
         if (demanderAjout)
             demanderAjout();
     });
+    connect(preferences_, &QAction::triggered, this, &frmView::OuvrirPreferences);
     connect(quitter_, &QAction::triggered, this, [this] {
         if (demanderQuitter)
             demanderQuitter();
@@ -89,6 +94,8 @@ void frmView::CreerMenus()
     QMenu* catalogue = menuBar()->addMenu("&Catalogue");
     catalogue->addActions({repert_[0], repert_[1], repert_[2], repert_[3]});
     catalogue->addSeparator();
+    catalogue->addAction(preferences_);
+    catalogue->addSeparator();
     catalogue->addAction(quitter_);
     menuBar()->addMenu("&Média")->addAction(ajouter_);
     menuBar()->addMenu("&Fichier")->addActions({fichier1_[0], fichier1_[1]});
@@ -102,6 +109,8 @@ void frmView::CreerMenus()
     barre->addAction(ajouter_);
     barre->addSeparator();
     barre->addActions({repert_[0], repert_[1], supprimer_});
+    barre->addSeparator();
+    barre->addAction(preferences_);
 }
 
 void frmView::PreparerVue(QAbstractItemView& vue)
@@ -155,6 +164,8 @@ void frmView::CreerVues()
     lvRapport_->setRootIsDecorated(false);
     lvRapport_->setUniformRowHeights(true);
     lvRapport_->setAllColumnsShowFocus(true);
+    grille_ = new FenetreGrille(lvRapport_);
+    lvRapport_->setItemDelegate(grille_);
     QHeaderView* entete = lvRapport_->header();
     entete->setStretchLastSection(false);
     entete->setSectionsMovable(false);
@@ -196,6 +207,10 @@ void frmView::CreerPanneaux()
     description_->setObjectName("description");
     description_->setReadOnly(true);
     description_->setTabChangesFocus(true);
+    // Texts from files come in columns and drawings; the letters keep the size of all others.
+    QFont egale = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    egale.setPointSizeF(QFontInfo(description_->font()).pointSizeF());
+    description_->setFont(egale);
     description_->setAccessibleName("Description");
     description_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 

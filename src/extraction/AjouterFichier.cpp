@@ -1,5 +1,6 @@
 #include "extraction/AjouterFichier.h"
 
+#include "extraction/AjouterFichierZip.h"
 #include "extractors/Aiguillage.h"
 #include "shell/Textes.h"
 
@@ -12,14 +13,14 @@ std::string Aiguiller(int64_t media, const LigneFichier& ligne, std::string_view
     const Branche& branche = ChoisirBranche(ligne.extension);
     if (branche.archive)
         ++compteurs.archives;
-    if ((!branche.extraire && !branche.lister) || !branche.Voulue() || !BrancheAdmise(branche, ligne.nom, chemin) ||
+    if ((!branche.extraire && !branche.archive) || !branche.Voulue() || !BrancheAdmise(branche, ligne.nom, chemin) ||
         !ligne.entree || !ligne.entree->ordinaire)
         return {};
 
-    const Fichier fichier = ligne.parcours->Ouvrir(ligne.entree->nomReel);
+    const Fichier fichier = ligne.parcours->Ouvrir(*ligne.entree);
     std::string description;
-    if (branche.lister) {
-        branche.lister({fichier, chemin, ligne.extension, media, numero});
+    if (branche.archive) {
+        AjouterFichierZip({fichier, ligne.extension, media, numero});
         ++compteurs.listees;
     } else if (!branche.extraire({fichier, chemin, ligne.extension}, description)) {
         description.clear();

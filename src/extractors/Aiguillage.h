@@ -7,19 +7,8 @@
 
 #include "extractors/FichierADecrire.h"
 
-// The archive whose members a lister adds to the catalogue.
-struct ArchiveOuverte {
-    const Fichier& fichier;
-    std::string_view chemin;     // "D:\dossier\fichier.zip"
-    std::string_view extension;  // lower case
-    int64_t media;
-    int64_t numero;  // number of the archive's own, still pending row
-};
-
 // Draws a description out of a file; false, the text left alone, when there is none.
 using Extracteur = bool (*)(const FichierADecrire& source, std::string& resultat);
-// Adds the rows of an archive's members.
-using ListeurArchive = void (*)(const ArchiveOuverte& archive);
 
 // What is done with the content of files of some extensions. A branch without function does nothing.
 struct Branche {
@@ -27,9 +16,8 @@ struct Branche {
     std::string_view section;  // of the setting that wants it, with its default
     std::string_view cle;
     int defaut;
-    bool archive;
+    bool archive;  // its members are listed, nothing is described
     Extracteur extraire = nullptr;
-    ListeurArchive lister = nullptr;
 
     // The user wants it: the setting, read anew at each call, is 1.
     bool Voulue() const;

@@ -5,17 +5,19 @@
 
 namespace {
 
-constexpr size_t PremierBloc = 4096, PlusGrandBloc = 256 * 1024;
+constexpr size_t PlusGrandBloc = 256 * 1024;
 
 // Hands over the bytes from `debut` to `fin`, block after block, each beginning with the last `recouvrement` bytes of
-// the one before it, until the function returns false. Blocks grow: what lies near the start costs one small read.
+// the one before it, until the function returns false. Blocks grow: what lies near the start costs one small read, the
+// file's first block, which the file keeps.
 template <typename Recevoir>
 void ParcourirBlocs(const Fichier& fichier, uint64_t debut, uint64_t fin, size_t recouvrement, Recevoir recevoir)
 {
     fin = std::min(fin, fichier.Taille());
     std::string bloc;
     size_t gardes = 0;
-    for (size_t taille = PremierBloc; debut + gardes < fin; taille = std::min(taille * 4, PlusGrandBloc)) {
+    size_t taille = Fichier::PremierBloc - static_cast<size_t>(debut % Fichier::PremierBloc);
+    for (; debut + gardes < fin; taille = std::min(std::max(taille, Fichier::PremierBloc) * 4, PlusGrandBloc)) {
         const uint64_t suite = debut + gardes;
         bloc.resize(gardes + static_cast<size_t>(std::min<uint64_t>(taille, fin - suite)));
         const size_t lus = fichier.Lire(suite, bloc.data() + gardes, bloc.size() - gardes);
@@ -31,8 +33,8 @@ void ParcourirBlocs(const Fichier& fichier, uint64_t debut, uint64_t fin, size_t
 
 uint64_t PlaceDans(std::string_view bloc, uint64_t debutBloc, std::string_view motif)
 {
-    const void* trouve = memmem(bloc.data(), bloc.size(), motif.data(), motif.size());
-    return trouve ? debutBloc + static_cast<uint64_t>(static_cast<const char*>(trouve) - bloc.data()) : Introuvable;
+    const size_t place = bloc.find(motif);
+    return place == std::string_view::npos ? Introuvable : debutBloc + place;
 }
 
 size_t Recouvrement(const std::vector<std::string_view>& motifs)
@@ -52,34 +54,39 @@ void LecteurOctets::Sauter(uint64_t nombre)
 
 bool LecteurOctets::Lire(void* cible, size_t nombre)
 {
-    if (nombre > Reste())
+    if (nombre > Reste() || Copier(static_cast<char*>(cible), nombre) < nombre)
         return false;
-    char* suite = static_cast<char*>(cible);
-    uint64_t position = position_;
-    for (size_t reste = nombre; reste > 0;) {
-        if (position < debutBloc_ || position - debutBloc_ >= tailleBloc_) {
-            debutBloc_ = position;
-            tailleBloc_ = fichier_.Lire(position, bloc_.data(), bloc_.size());
-            if (tailleBloc_ == 0)
-                return false;
-        }
-        const auto decalage = static_cast<size_t>(position - debutBloc_);
-        const size_t pris = std::min(reste, tailleBloc_ - decalage);
-        std::memcpy(suite, bloc_.data() + decalage, pris);
-        suite += pris;
-        position += pris;
-        reste -= pris;
-    }
-    position_ = position;
+    position_ += nombre;
     return true;
 }
 
 std::string LecteurOctets::Octets(uint64_t nombre)
 {
     std::string octets(static_cast<size_t>(std::min(nombre, Reste())), '\0');
-    octets.resize(fichier_.Lire(position_, octets.data(), octets.size()));
+    octets.resize(Copier(octets.data(), octets.size()));
     position_ += octets.size();
     return octets;
+}
+
+size_t LecteurOctets::Copier(char* cible, size_t nombre)
+{
+    if (nombre > bloc_.size())
+        return fichier_.Lire(position_, cible, nombre);
+    size_t copies = 0;
+    while (copies < nombre) {
+        const uint64_t position = position_ + copies;
+        if (position < debutBloc_ || position - debutBloc_ >= tailleBloc_) {
+            debutBloc_ = position - position % bloc_.size();
+            tailleBloc_ = fichier_.Lire(debutBloc_, bloc_.data(), bloc_.size());
+        }
+        const auto decalage = static_cast<size_t>(position - debutBloc_);
+        if (decalage >= tailleBloc_)
+            break;
+        const size_t pris = std::min(nombre - copies, tailleBloc_ - decalage);
+        std::memcpy(cible + copies, bloc_.data() + decalage, pris);
+        copies += pris;
+    }
+    return copies;
 }
 
 uint64_t Chercher(const Fichier& fichier, std::string_view motif, uint64_t debut, uint64_t fin, Casse casse)
@@ -102,8 +109,14 @@ uint64_t ChercherUnDe(const Fichier& fichier, const std::vector<std::string_view
 {
     uint64_t place = Introuvable;
     ParcourirBlocs(fichier, debut, fin, Recouvrement(motifs), [&](const std::string& bloc, uint64_t debutBloc) {
-        for (const std::string_view motif : motifs)
-            place = std::min(place, PlaceDans(bloc, debutBloc, motif));
+        std::string_view avant = bloc;  // what a pattern must lie in to come before those found
+        for (const std::string_view motif : motifs) {
+            const uint64_t trouvee = PlaceDans(avant, debutBloc, motif);
+            if (trouvee == Introuvable)
+                continue;
+            place = trouvee;
+            avant = avant.substr(0, static_cast<size_t>(place - debutBloc) + motif.size() - 1);
+        }
         return place == Introuvable;
     });
     return place;

@@ -41,6 +41,8 @@ public:
     }
 
 private:
+    size_t Copier(char* cible, size_t nombre);  // from the place on; returns how many came
+
     template <std::unsigned_integral Entier>
     bool Assembler(Entier& valeur, bool petitBoutiste)
     {
@@ -56,7 +58,7 @@ private:
 
     const Fichier& fichier_;
     uint64_t position_;
-    std::array<char, 4096> bloc_;
+    std::array<char, Fichier::PremierBloc> bloc_;
     uint64_t debutBloc_ = 0;
     size_t tailleBloc_ = 0;
 };

@@ -328,23 +328,50 @@ std::string Canonique(const std::string& dossier)
     std::error_code erreur;
     return fs::canonical(dossier, erreur).string();
 }
-}  // namespace
 
-std::vector<char> LettresMachine()
+// All letters, after those that were missing have been given.
+std::map<char, Lettre> RegarderMachine()
 {
     const VerrouFichier verrou(DossierLecteurs() + "/.verrou", true);
     const std::map<char, Lettre> avant = LireLettres();
     const std::vector<std::string> optiques = Appareils("sr", majeurOptique);
-    const std::map<char, Lettre> apres =
+    std::map<char, Lettre> apres =
         ChoisirLettres(avant, VolumesDeLaMachine(optiques), Appareils("fd", majeurDisquette));
     EcrireLettres(avant, apres);
+    return apres;
+}
 
+bool Presente(const Lettre& lettre)
+{
+    return NumeroDeBloc(lettre.cible) != 0 || !RacineDe(lettre).empty();
+}
+
+// A folder's letter, or one whose drive is gone. The letter of a drive that is there would be given again at once.
+bool Retirable(char lettre, const Lettre& lue)
+{
+    if (lettre == 'c' && lue.cible == "/")
+        return false;
+    const bool dossier = lue.volume.empty() && NumeroDeBloc(lue.cible) == 0;
+    return dossier || !Presente(lue);
+}
+}  // namespace
+
+std::vector<char> LettresMachine()
+{
     std::vector<char> presentes;
-    for (const auto& [lettre, cible] : apres) {
-        if (NumeroDeBloc(cible.cible) != 0 || !RacineDe(cible).empty())
+    for (const auto& [lettre, cible] : RegarderMachine()) {
+        if (Presente(cible))
             presentes.push_back(lettre);
     }
     return presentes;
+}
+
+std::vector<LettreDonnee> LettresDonnees()
+{
+    std::vector<LettreDonnee> donnees;
+    for (const auto& [lettre, cible] : RegarderMachine())
+        donnees.push_back({lettre, NomEnTexte(cible.cible), Presente(cible), Retirable(lettre, cible)});
+    return donnees;
 }
 
 uint32_t TypeDuLecteur(char lettre)
@@ -410,6 +437,16 @@ bool DonnerLettre(char lettre, const std::string& dossier)
     std::error_code erreur;
     unlink(LienDeVolume(lettre).c_str());
     return EcrireLien(LienDeLettre(lettre), fs::absolute(dossier, erreur).string());
+}
+
+bool RetirerLettre(char lettre)
+{
+    const VerrouFichier verrou(DossierLecteurs() + "/.verrou", true);
+    const Lettre lue = LireLettre(lettre);
+    if (lue.cible.empty() || !Retirable(lettre, lue) || unlink(LienDeLettre(lettre).c_str()) != 0)
+        return false;
+    unlink(LienDeVolume(lettre).c_str());
+    return true;
 }
 
 char LettreDuDossier(const std::string& dossier)

@@ -34,6 +34,17 @@ struct VolumeLecteur {
 // lead somewhere, in alphabetical order.
 std::vector<char> LettresMachine();
 
+// A letter that was given, as the user sees it.
+struct LettreDonnee {
+    char lettre = 0;
+    std::string cible;       // text of the folder or device that it leads to
+    bool presente = false;   // the drive is there now
+    bool retirable = false;  // the next look at the machine would not give it back
+};
+
+// Looks at the machine like LettresMachine, and returns all letters, those that lead nowhere too.
+std::vector<LettreDonnee> LettresDonnees();
+
 // Kind of the drive, one of TypeLecteur; LecteurInexistant for a letter without a drive.
 uint32_t TypeDuLecteur(char lettre);
 
@@ -49,6 +60,9 @@ std::string RacineDuLecteur(char lettre);
 
 // Points a letter at a folder, replacing what it led to. False when the link can't be written.
 bool DonnerLettre(char lettre, const std::string& dossier);
+
+// Makes a letter free again. False, and the letter stays, when it is not to be taken away.
+bool RetirerLettre(char lettre);
 
 // The letter that leads to exactly this folder, else a free letter newly given to it; 0 when no letter is left
 // or the folder does not exist.

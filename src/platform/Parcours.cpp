@@ -284,12 +284,11 @@ void Parcours::Remonter()
     etat_->Rouvrir(dessous);
 }
 
-Fichier Parcours::Ouvrir(const std::string& nomReel) const
+Fichier Parcours::Ouvrir(const EntreeDossier& entree) const
 {
     const int dossier = etat_->Courant();
-    struct stat etat {};
-    if (dossier < 0 || !NomSimple(nomReel) || fstatat(dossier, nomReel.c_str(), &etat, AT_SYMLINK_NOFOLLOW) != 0 ||
-        !S_ISREG(etat.st_mode))
+    if (dossier < 0 || !entree.ordinaire || !NomSimple(entree.nomReel))
         return {};
-    return Fichier(openat(dossier, nomReel.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    constexpr int drapeaux = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    return Fichier(openat(dossier, entree.nomReel.c_str(), drapeaux));
 }

@@ -48,8 +48,8 @@ public:
     // Goes back up to where Entrer was called. A directory that has gone meanwhile then lists nothing.
     void Remonter();
 
-    // Opens an ordinary file of the current directory; a closed Fichier for anything else.
-    Fichier Ouvrir(const std::string& nomReel) const;
+    // Opens an ordinary file that Lister just gave; a closed Fichier for anything else.
+    Fichier Ouvrir(const EntreeDossier& entree) const;
 
 private:
     struct Etat;

@@ -250,6 +250,11 @@ std::string NomEnTexte(std::string_view octets)
     return Utf8Valide(octets) ? std::string(octets) : AnsiEnTexte(octets);
 }
 
+std::string Utf16EnTexte(std::u16string_view unites)
+{
+    return QStringView(unites).toUtf8().toStdString();
+}
+
 std::string Minuscules(std::string_view texte)
 {
     return Convertir(texte, [](char32_t caractere) -> char32_t {

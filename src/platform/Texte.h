@@ -16,6 +16,9 @@ bool TexteEnAnsi(std::string_view texte, std::string& octets);
 std::string NomEnTexte(std::string_view octets);
 bool Utf8Valide(std::string_view octets);
 
+// Half a surrogate pair becomes "?".
+std::string Utf16EnTexte(std::u16string_view unites);
+
 std::string Minuscules(std::string_view texte);
 std::string Majuscules(std::string_view texte);
 

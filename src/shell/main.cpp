@@ -1,4 +1,5 @@
 #include <clocale>
+#include <cstdlib>
 
 #include <QApplication>
 #include <QIcon>
@@ -34,6 +35,7 @@ FrmMain::Vue CreerVue(FrmMain& principale, Dialogues& dialogues)
 
 int main(int argc, char** argv)
 {
+    setenv("TZ", ":/etc/localtime", 0);  // the zone as it is, but libc no longer looks for a new one at every date
     Q_INIT_RESOURCE(velourne);
     QApplication application(argc, argv);
     setlocale(LC_NUMERIC, "C");

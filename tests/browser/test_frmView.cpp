@@ -1,9 +1,12 @@
 #include <QAction>
+#include <QApplication>
+#include <QCheckBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QListView>
 #include <QPlainTextEdit>
 #include <QTest>
+#include <QTimer>
 #include <QTreeView>
 
 #include "Outils.h"
@@ -185,6 +188,78 @@ TEST_F(TestVue, ChangeDeBase)
     EXPECT_EQ(Arbre()->model()->rowCount(Arbre()->model()->index(0, 0)), 1);
     Cliquer(Arbre(), Arbre()->currentIndex());
     EXPECT_EQ(Rapport()->model()->rowCount(), 3) << "the same key as before the change";
+}
+
+TEST_F(TestVue, LaGrilleSuitLesPreferences)
+{
+    Cliquer(Arbre(), Arbre()->currentIndex());
+    Arbre()->setFocus();
+    const QRect cellule = Rapport()->visualRect(Rapport()->model()->index(1, ColTaille));
+    const auto pixels = [&] {
+        const QImage image = Rapport()->viewport()->grab().toImage();
+        return std::vector{image.pixel(cellule.right(), cellule.center().y()),
+                           image.pixel(cellule.center().x(), cellule.bottom())};
+    };
+    const auto sansLigne = pixels();
+    const QRgb fond = Rapport()->viewport()->grab().toImage().pixel(cellule.right() - 1, cellule.top() + 1);
+    ASSERT_EQ(sansLigne, std::vector(2, fond)) << "no grid before the switch was touched";
+
+    // The switch shows as on from the start: the first click turns it off, the second one on.
+    for (const bool grille : {false, true, false, true}) {
+        QTimer::singleShot(0, [&] {
+            QWidget* preferences = QApplication::activeModalWidget();
+            ASSERT_TRUE(preferences);
+            preferences->findChild<QCheckBox*>("Divers0")->click();
+            QTest::keyClick(preferences, Qt::Key_Escape);
+        });
+        Action("Préférences")->trigger();
+        const auto lignes = pixels();
+        EXPECT_EQ(lignes[0] != fond, grille);
+        EXPECT_EQ(lignes[1] != fond, grille);
+    }
+    vue_->close();
+    Ouvrir();
+    Cliquer(Arbre(), Arbre()->currentIndex());
+    EXPECT_NE(pixels()[0], fond) << "after a restart";
+}
+
+TEST_F(TestVue, MontreToutesLesDescriptions)
+{
+    using namespace std::string_literals;
+    const std::string dessin = "\r\n\u00dc\u00db\u00db\u00dc \u00c9\u00cd\u00bb";
+    std::string longue;
+    while (longue.size() < 100'000)
+        longue += "une ligne de plus\r\n";
+    struct Cas {
+        std::string texte;
+        QString montre;
+    };
+    const Cas cas[] = {
+        {"avant\0apr\u00e8s\x1a"s, "avant apr\u00e8s "},       {"\0\0a"s, "  a"},
+        {"\x1b[1m\tb\u0085c\u00add", " [1m\tb c-d"},           {"mac\rdos\r\nunix\nfin", "mac\ndos\nunix\nfin"},
+        {dessin, QString::fromStdString(dessin).remove('\r')}, {longue, QString::fromStdString(longue).remove('\r')},
+    };
+    std::vector<LigneTest> lignes;
+    for (const Cas& un : cas)
+        lignes.push_back({"000000009", "0", std::to_string(lignes.size()), "a", " ", " ", " ", " ", {}, un.texte});
+    AjouterLignes(1, lignes);
+    AjouterMediaTest({"Textes", "#a; 2-000000001# 1-000000009#textes"});
+    FixerArbreARecharger(true);
+    vue_->ChargerArbre();
+    const QModelIndex racine = Arbre()->model()->index(0, 0);
+    Cliquer(Arbre(), Arbre()->model()->index(1, 0, racine));
+    Arbre()->expand(Arbre()->currentIndex());
+    Cliquer(Arbre(), Arbre()->model()->index(0, 0, Arbre()->currentIndex()));
+    ASSERT_EQ(Rapport()->model()->rowCount(), static_cast<int>(std::size(cas)));
+    for (int rang = 0; rang < Rapport()->model()->rowCount(); ++rang) {
+        const QModelIndex index = Rapport()->model()->index(rang, 0);
+        EXPECT_EQ(index.siblingAtColumn(ColDescription).data().toString(), " oui");
+        Cliquer(Rapport(), index);
+        const Cas& un = cas[index.data().toString().toInt()];
+        EXPECT_EQ(Description(), un.montre) << un.texte.substr(0, 30);
+    }
+    const QFontMetrics lettres(Trouver<QPlainTextEdit>("description")->font());
+    EXPECT_EQ(lettres.horizontalAdvance('i'), lettres.horizontalAdvance('M'));
 }
 
 TEST_F(TestVue, SeFermeSiOnLeVeut)

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <map>
 #include <thread>
 
 #include "Outils.h"
@@ -272,4 +273,69 @@ TEST_F(ExtractionTest, PourcentageEtLigneDeProgression)
     ASSERT_EQ(extraction.Executer(), FinExtraction::Complete);
     EXPECT_EQ(extraction.Lire().pourcentage, "100 %");
     EXPECT_EQ(extraction.Lire().ligne, Lecteur(lettre_) + "\\moitie.bin");
+}
+
+// The descriptions of a run, from files whose names and settings decide, and what the base gives back of them.
+TEST_F(ExtractionTest, Descriptions)
+{
+    using namespace std::string_literals;
+    const std::string octets = "\0\x01\x1A\xB0\xC9\xE9\r\nfin\0"s;
+    Ecrire(disque_ / "FILE_ID.DIZ", octets);
+    Ecrire(disque_ / "readme.diz", octets);
+    Ecrire(disque_ / "vide.nfo", "");
+    Ecrire(disque_ / "page.HTML", "<TITLE>Été</TITLE>");
+    Ecrire(disque_ / "notes.txt", "MZ, disait-il");
+    Ecrire(disque_ / "Piste 01.cda", "MZ");
+    Ecrire(disque_ / "son.mp3", std::string(200, 'x'));
+    Ecrire(disque_ / "non.lnk", "ici");
+    Ecrire(disque_ / "image.gif", "GIF89a\x01\0\x02\0\x07"s);
+    SaveSetting(SectionDescriptions, "GIF", "0");
+    fs::create_symlink(disque_ / "FILE_ID.DIZ", disque_ / "lien.nfo");
+    const ReponseMedia media = Inscrire("CD1", "Disque un");
+    ASSERT_EQ(Lire(media.numero), FinExtraction::Complete);
+
+    Base base = OpenDatabase(BaseCourante());
+    std::map<std::string, std::string> descriptions;
+    for (Recordset lignes = base.OpenRecordset(Entrees); !lignes.Eof(); lignes.MoveNext())
+        if (!lignes.EstNul("Description"))
+            descriptions[std::string(lignes.Texte("Nom"))] = lignes.Texte("Description");
+    ASSERT_EQ(descriptions.size(), 4U);
+    EXPECT_EQ(descriptions["FILE_ID.DIZ"], "\0\x01\x1A°Éé\r\nfin\0"s);
+    EXPECT_EQ(descriptions["page.HTML"], "Titre: Ã‰tÃ©");  // one character for each byte
+    EXPECT_TRUE(descriptions["son.mp3"].starts_with("Album: \r\nChanson: \r\n"));
+    EXPECT_EQ(descriptions["non.lnk"].substr(0, 17), "Raccourci: Error ");
+    EXPECT_EQ(compteurs_.descriptions, 4);
+}
+
+// Archives inside a run: codes, order and texts of the rows of their members, and the asymmetric switches.
+TEST_F(ExtractionTest, MembresDArchives)
+{
+    Ecrire(travail_ / "a" / "b" / "c.txt", "12345");
+    Ecrire(travail_ / "a" / "vide.txt", "");
+    const std::string commande = "cd '" + travail_.string() + "' && TZ=UTC touch -d '2003-12-24 14:05' a/b/c.txt && ";
+    ASSERT_EQ(
+        std::system((commande + "zip -qr disque/un.zip a && arj a -m0 disque/deux.arj a/b/c.txt >/dev/null").c_str()),
+        0);
+    Ecrire(disque_ / "faux.rar", "pas une archive");
+    const ReponseMedia premier = Inscrire("CD1", "Disque un");
+    ASSERT_EQ(Lire(premier.numero), FinExtraction::Complete);
+    EXPECT_EQ(compteurs_.archives, 3);
+    EXPECT_EQ(compteurs_.listees, 1);  // ARJ alone is on from the start
+    EXPECT_EQ(compteurs_.fichiers, 3);
+
+    SaveSetting(SectionSettings, "Compression 0", "1");
+    SaveSetting(SectionSettings, "Compression 3", "1");
+    const ReponseMedia second = Inscrire("CD2", "Disque deux");
+    ASSERT_EQ(Lire(second.numero), FinExtraction::Complete);
+    EXPECT_EQ(compteurs_.listees, 3);
+    const std::string media = std::to_string(second.numero);
+    const std::string zip = Lignes("select * from Liste where Nom = 'un.zip' and NCatalogue = " + media, {"Num"})[0];
+    const auto code = [&](int64_t k) { return "A " + zip + " " + std::to_string(second.numero + k); };
+    EXPECT_EQ(Lignes("select * from Liste where Répertoire like 'A " + zip + " *' order by Num",
+                     {"Répertoire", "RepertoirePere", "Nom", "Taille", "TypeF", "DateF", "attribut"}),
+              (std::vector<std::string>{code(0) + "|" + code(1) + "|a| | | |Z", code(1) + "|" + code(2) + "|b| | | |Z",
+                                        code(2) + "|0|c.txt|5 b| |20031224| "}));
+    EXPECT_EQ(Compter("select * from Liste where Nom = 'c.txt' and NCatalogue = " + media), 2);
+    EXPECT_NE(ListeExtensions().find("|txt"), std::string::npos);
+    EXPECT_EQ(Lignes("select * from LE", {"Data"})[0], ListeExtensions());
 }

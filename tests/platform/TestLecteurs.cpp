@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <map>
 
 #include "Environnement.h"
 #include "platform/Chemins.h"
@@ -122,6 +123,36 @@ TEST_F(Lettres, DossierCommeLecteur)
     EXPECT_EQ(TypeDuLecteur(lettre), LecteurInexistant);
     EXPECT_FALSE(EspaceDuLecteur(lettre, espace));
     EXPECT_FALSE(DonnerLettre('?', "/"));
+}
+
+TEST_F(Lettres, RetireCeQuiNeReviendraitPas)
+{
+    LettresMachine();
+    ASSERT_TRUE(DonnerLettre('k', travail_.string()));
+    ASSERT_TRUE(DonnerLettre('l', (travail_ / "absent").string()));
+    fs::create_symlink(travail_, Lien("m:"));
+    fs::create_symlink("/dev/disk/by-uuid/ABSENT", Lien("m::"));
+    const std::map<char, bool> presentes = {{'c', true}, {'k', true}, {'l', false}, {'m', false}};
+    size_t vues = 0;
+    for (const LettreDonnee& donnee : LettresDonnees()) {
+        const auto presente = presentes.find(donnee.lettre);
+        if (presente == presentes.end())
+            continue;  // a volume of this machine
+        ++vues;
+        EXPECT_EQ(donnee.presente, presente->second) << donnee.lettre;
+        EXPECT_EQ(donnee.retirable, donnee.lettre != 'c') << donnee.lettre;
+        EXPECT_EQ(RetirerLettre(donnee.lettre), donnee.retirable) << donnee.lettre;
+        EXPECT_EQ(fs::is_symlink(Lien({donnee.lettre, ':'})), donnee.lettre == 'c');
+        EXPECT_FALSE(fs::is_symlink(Lien({donnee.lettre, ':', ':'})));
+    }
+    EXPECT_EQ(vues, presentes.size());
+    EXPECT_FALSE(RetirerLettre('k')) << "it is free already";
+
+    // Pointed elsewhere by the user, taken away, the first letter leads to the root again.
+    ASSERT_TRUE(DonnerLettre('c', travail_.string()));
+    EXPECT_TRUE(RetirerLettre('c'));
+    LettresMachine();
+    EXPECT_EQ(RacineDuLecteur('c'), "/");
 }
 
 TEST_F(Lettres, VolumeRetireGardeSaLettre)

@@ -90,7 +90,7 @@ TEST_F(ParcoursDossier, NomsDifficiles)
     for (const auto& [reel, texte] : noms) {
         ASSERT_TRUE(entrees.contains(reel)) << texte;
         EXPECT_EQ(entrees.at(reel).nom, texte);
-        EXPECT_EQ(Texte(parcours.Ouvrir(reel)), texte);
+        EXPECT_EQ(Texte(parcours.Ouvrir(entrees.at(reel))), texte);
         EXPECT_EQ(CheminReel('t', {texte}), (travail_ / reel).string());
     }
 }
@@ -129,7 +129,7 @@ TEST_F(ParcoursDossier, SeulsLesFichiersOrdinairesSOuvrent)
         EXPECT_EQ(entrees.at(nom).attributs, attendu.attributs);
         EXPECT_EQ(entrees.at(nom).taille, attendu.taille);
         EXPECT_EQ(entrees.at(nom).ordinaire, attendu.ordinaire);
-        EXPECT_EQ(parcours.Ouvrir(nom).Ouvert(), attendu.ordinaire);
+        EXPECT_EQ(parcours.Ouvrir(entrees.at(nom)).Ouvert(), attendu.ordinaire);
         EXPECT_EQ(Fichier((travail_ / nom).string()).Ouvert(), attendu.ordinaire);
         EXPECT_EQ(parcours.Entrer(nom), attendu.entrable);
         if (attendu.entrable)
@@ -159,7 +159,7 @@ TEST_F(ParcoursDossier, ProfondeurSansLimite)
     Parcours parcours('t');
     for (int niveau = 0; niveau < niveaux; ++niveau)
         ASSERT_TRUE(parcours.Entrer(nom)) << niveau;
-    EXPECT_EQ(Texte(parcours.Ouvrir("fond.txt")), "fond");
+    EXPECT_EQ(Texte(parcours.Ouvrir(Entrees(parcours).at("fond.txt"))), "fond");
     const fs::directory_iterator descripteurs("/proc/self/fd");
     EXPECT_LT(std::distance(begin(descripteurs), end(descripteurs)), 64);
     for (int niveau = niveaux; niveau-- > 0;) {
@@ -216,8 +216,9 @@ TEST_F(ParcoursDossier, DossiersFermes)
     fs::permissions(travail_ / "opaque", fs::perms(0444));  // may be listed, its entries not looked at
     Parcours parcours('t');
     EXPECT_TRUE(SansPrivileges([&] {
-        const bool opaque = parcours.Entrer("opaque") && Entrees(parcours).at("f").ordinaire;
-        const bool muet = !parcours.Ouvrir("f").Ouvert();
+        const bool opaque = parcours.Entrer("opaque");
+        const EntreeDossier entree = Entrees(parcours).at("f");
+        const bool muet = entree.ordinaire && !parcours.Ouvrir(entree).Ouvert();
         parcours.Remonter();
         return opaque && muet && !parcours.Entrer("ferme") && Entrees(parcours).size() == 2;
     }));

@@ -1,0 +1,8 @@
+#pragma once
+
+#include "archives/ArbreArchive.h"
+#include "platform/Fichier.h"
+
+// Fills the tree, emptied first, with the members of an ARJ archive (the format's technical note): name and packed
+// size. Members found before a damage stay; a file that does not begin with the archive's header has none.
+void ListerArj(const Fichier& fichier, ArbreArchive& tv);

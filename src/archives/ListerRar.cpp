@@ -1,0 +1,28 @@
+#include "archives/ListerRar.h"
+
+#include <fmt/format.h>
+
+#include "archives/Rar.h"
+#include "shell/Textes.h"
+#include "store/CycleBase.h"
+
+void ListerRar(const Fichier& fichier, ArbreArchive& tv)
+{
+    ArchiveRar archive(fichier);
+    if (!archive.RAROpenArchive())
+        return;
+
+    EnteteRar entete;
+    while (!ExtractionAbandonnee() && archive.RARReadHeader(entete)) {
+        archive.RARProcessFile();
+        std::string_view dernier;
+        const int32_t parent = tv.Dossiers(entete.FileName, '\\', dernier);
+        if (entete.dossier || entete.UnpSize == 0) {  // empty files stand as folders, by intent
+            if (!dernier.empty())
+                tv.Dossier(parent, dernier);
+            continue;
+        }
+        const std::string taille = entete.UnpSize ? FormatTaille(static_cast<double>(*entete.UnpSize)) : std::string();
+        tv.Membre(parent, fmt::format("{}:{}", dernier, taille));
+    }
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "archives/ArbreArchive.h"
+#include "platform/Fichier.h"
+
+// An archive met by a run, whose own row is still pending.
+struct ArchiveOuverte {
+    const Fichier& fichier;      // not open when the system refused
+    std::string_view extension;  // lower case
+    int64_t media;
+    int64_t numero;  // of the archive's row
+};
+
+// Lists the members of an archive of any kind and writes a row for each, folders among them, into the run's open base.
+// A run that is given up stops it between two members.
+void AjouterFichierZip(const ArchiveOuverte& archive);
+
+// The tree of an archive's members, by the reader of its extension; the root alone for an extension without reader.
+ArbreArchive ListerArchive(const Fichier& fichier, std::string_view extension);

@@ -1,0 +1,143 @@
+#include "shell/FrmOptions.h"
+
+#include <QCheckBox>
+#include <QFileDialog>
+#include <QListWidget>
+#include <QPushButton>
+#include <QStyledItemDelegate>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "shell/FenetreLecteurs.h"
+#include "shell/Options.h"
+#include "shell/Textes.h"
+
+namespace {
+
+QString EnTexte(std::string_view texte)
+{
+    return QString::fromUtf8(texte.data(), static_cast<qsizetype>(texte.size()));
+}
+
+QCheckBox* CreerCase(const Option& option, const char* nom, size_t rang, QLayout& mise)
+{
+    // The blanks in front of a text leave room for a picture that a check box has by itself.
+    auto* boite = new QCheckBox(EnTexte(Trim(option.texte)));
+    boite->setObjectName(QString("%1%2").arg(nom).arg(rang));
+    mise.addWidget(boite);
+    return boite;
+}
+
+// Rows of check boxes that do not touch.
+class RangeesAerees : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 4);
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        // On a dark list an empty box, dark with a dark outline, would not be seen.
+        if (option->palette.color(QPalette::Base).lightness() < 128)
+            option->palette.setColor(QPalette::Base, option->palette.color(QPalette::Window).lighter(160));
+    }
+};
+
+}  // namespace
+
+FrmOptions::FrmOptions(Dialogues& dialogues, QWidget* parent) : QDialog(parent), onglets_(new QTabWidget)
+{
+    setWindowTitle("Préférences");
+    choisirDossier = [this] {
+        return QFileDialog::getExistingDirectory(this, "Dossier à voir comme lecteur").toStdString();
+    };
+    onglets_->setObjectName("Onglets");
+    // Their places are kept by number: a new tab goes behind the others.
+    onglets_->addTab(CreerDescriptions(), "&Descriptions");
+    onglets_->addTab(CreerFreedb(), "&Freedb");
+    onglets_->addTab(CreerDivers(), "Di&vers");
+    onglets_->addTab(new FenetreLecteurs(dialogues, [this] { return choisirDossier(); }), "&Lecteurs");
+    onglets_->setCurrentIndex(LireOnglet(onglets_->count()));
+    connect(onglets_, &QTabWidget::currentChanged, this, [this](int onglet) {
+        EcrireOnglet(onglet);
+        MontrerDivers();
+    });
+
+    auto* ok = new QPushButton("&OK");
+    ok->setObjectName("OK");
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+    auto* mise = new QVBoxLayout(this);
+    mise->addWidget(onglets_, 1);
+    mise->addWidget(ok, 0, Qt::AlignRight);
+    onglets_->currentWidget()->setFocus();
+}
+
+QWidget* FrmOptions::CreerDescriptions()
+{
+    descriptions_ = new QListWidget;
+    descriptions_->setObjectName("ListeDescriptions");
+    descriptions_->setAccessibleName("Descriptions");
+    descriptions_->setUniformItemSizes(true);
+    descriptions_->setItemDelegate(new RangeesAerees(descriptions_));
+    descriptions_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    for (const Option& option : OptionsDescriptions) {
+        auto* ligne = new QListWidgetItem(EnTexte(option.texte), descriptions_);
+        ligne->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+        ligne->setCheckState(option.Lire() ? Qt::Checked : Qt::Unchecked);
+    }
+    descriptions_->setCurrentRow(static_cast<int>(LireRangDescription()));
+    connect(descriptions_, &QListWidget::currentRowChanged, this,
+            [](int rang) { EcrireRangDescription(static_cast<size_t>(rang)); });
+    connect(descriptions_, &QListWidget::itemChanged, this, [this](QListWidgetItem* ligne) {
+        OptionsDescriptions[static_cast<size_t>(descriptions_->row(ligne))].Ecrire(ligne->checkState() == Qt::Checked);
+        descriptions_->setCurrentItem(ligne);  // a click on the box alone does not go to the row
+    });
+
+    auto* page = new QWidget;
+    auto* mise = new QVBoxLayout(page);
+    mise->addWidget(descriptions_);
+    page->setFocusProxy(descriptions_);
+    return page;
+}
+
+QWidget* FrmOptions::CreerFreedb()
+{
+    auto* page = new QWidget;
+    auto* mise = new QVBoxLayout(page);
+    for (size_t rang = 0; rang < OptionsFreedb.size(); ++rang) {
+        QCheckBox* boite = CreerCase(OptionsFreedb[rang], "Freedb", rang, *mise);
+        boite->setChecked(OptionsFreedb[rang].Lire());
+        connect(boite, &QCheckBox::clicked, this, [rang](bool active) { EcrireOptionFreedb(rang, active); });
+        if (rang == 0)
+            page->setFocusProxy(boite);
+    }
+    mise->addStretch(1);
+    return page;
+}
+
+QWidget* FrmOptions::CreerDivers()
+{
+    auto* page = new QWidget;
+    auto* mise = new QVBoxLayout(page);
+    for (size_t rang = 0; rang < OptionsDivers.size(); ++rang) {
+        divers_[rang] = CreerCase(OptionsDivers[rang], "Divers", rang, *mise);
+        connect(divers_[rang], &QCheckBox::clicked, this, [rang](bool active) { OptionsDivers[rang].Ecrire(active); });
+    }
+    mise->addStretch(1);
+    page->setFocusProxy(divers_[0]);
+    MontrerDivers();
+    return page;
+}
+
+// The switches of the tab before this one change some of these.
+void FrmOptions::MontrerDivers()
+{
+    for (size_t rang = 0; rang < OptionsDivers.size(); ++rang)
+        divers_[rang]->setChecked(OptionsDivers[rang].Lire());
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include <QDialog>
+
+#include "shell/Dialogues.h"
+
+class QCheckBox;
+class QListWidget;
+class QTabWidget;
+
+// The preferences. Each click is on disk at once, however the window is left.
+class FrmOptions : public QDialog {
+public:
+    explicit FrmOptions(Dialogues& dialogues, QWidget* parent = nullptr);
+
+    // A folder to be a drive; empty when the user gives up. The folder dialog unless given otherwise.
+    std::function<std::string()> choisirDossier;
+
+private:
+    QWidget* CreerDescriptions();
+    QWidget* CreerFreedb();
+    QWidget* CreerDivers();
+    void MontrerDivers();
+
+    QTabWidget* onglets_;
+    QListWidget* descriptions_;
+    QCheckBox* divers_[4];
+};
