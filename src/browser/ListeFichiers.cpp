@@ -76,6 +76,14 @@ ItemListe ListeFichiers::Deplier(const Item& item)
     return deplie;
 }
 
+int32_t ListeFichiers::Chercher(std::string_view cle) const
+{
+    for (int32_t rang = 0; rang < Nombre(); ++rang)
+        if ((*this)[rang].cle == cle)
+            return rang;
+    return -1;
+}
+
 namespace {
 
 bool Avant(std::string_view gauche, std::string_view droite)

@@ -38,6 +38,7 @@ void frmView::CreerActions()
     repert_[3] = CreerAction("&Supprimer le catalogue en cours", "catalogue-supprimer");
     supprimer_ = CreerAction("Supprimer le catalogue en cours", "catalogue-supprimer");
     ajouter_ = CreerAction("&Ajouter un nouveau média", "media-ajouter", QKeySequence("Ctrl+M"));
+    rechercher_ = CreerAction("&Rechercher", "rechercher", QKeySequence::Find);
     quitter_ = CreerAction("&Quitter", nullptr, QKeySequence("Ctrl+Q"));
     fichier1_[0] = CreerAction("&Lancer le fichier");
     fichier1_[1] = CreerAction("&Ouvrir l'explorateur windows");
@@ -45,6 +46,7 @@ void frmView::CreerActions()
     repert_[0]->setToolTip(" Ajouter un nouveau catalogue ");
     repert_[1]->setToolTip(" Ouvrir un catalogue ");
     supprimer_->setToolTip(" Supprimer le catalogue en cours ");
+    rechercher_->setToolTip(" Rechercher des informations ");
 
     connect(repert_[0], &QAction::triggered, this, [this] {
         const std::string chemin = choisirFichier("Créer un nouveau catalogue", true);
@@ -65,6 +67,7 @@ void frmView::CreerActions()
         if (demanderAjout)
             demanderAjout();
     });
+    connect(rechercher_, &QAction::triggered, this, &frmView::Btn_recherche);
     connect(quitter_, &QAction::triggered, this, [this] {
         if (demanderQuitter)
             demanderQuitter();
@@ -89,6 +92,8 @@ void frmView::CreerMenus()
     QMenu* catalogue = menuBar()->addMenu("&Catalogue");
     catalogue->addActions({repert_[0], repert_[1], repert_[2], repert_[3]});
     catalogue->addSeparator();
+    catalogue->addAction(rechercher_);
+    catalogue->addSeparator();
     catalogue->addAction(quitter_);
     menuBar()->addMenu("&Média")->addAction(ajouter_);
     menuBar()->addMenu("&Fichier")->addActions({fichier1_[0], fichier1_[1]});
@@ -102,6 +107,8 @@ void frmView::CreerMenus()
     barre->addAction(ajouter_);
     barre->addSeparator();
     barre->addActions({repert_[0], repert_[1], supprimer_});
+    barre->addSeparator();
+    barre->addAction(rechercher_);
 }
 
 void frmView::PreparerVue(QAbstractItemView& vue)

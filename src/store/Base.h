@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -55,6 +56,22 @@ public:
 private:
     friend Base OpenDatabase(const std::string& chemin);
     std::shared_ptr<Connexion> connexion_;
+};
+
+// While it lives, a long select of this thread asks it each time it has let events run. True ends the select there, as
+// if it had no more rows.
+class Interruption {
+public:
+    explicit Interruption(std::function<bool()> demandee);
+    ~Interruption();
+    Interruption(const Interruption&) = delete;
+    Interruption& operator=(const Interruption&) = delete;
+
+    bool Demandee() const { return demandee_ && demandee_(); }
+
+private:
+    std::function<bool()> demandee_;
+    Interruption* precedente_;
 };
 
 // Opens a base, exclusively and for writing. Not open when the file is missing, read-only, in use by another process,

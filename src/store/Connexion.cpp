@@ -8,6 +8,7 @@
 #include "platform/Fichier.h"
 #include "platform/Fichiers.h"
 #include "platform/Texte.h"
+#include "store/Base.h"
 #include "store/Motif.h"
 
 namespace {
@@ -19,6 +20,8 @@ constexpr int OperationsParPas = 10000;  // of the engine's machine, some 0.1 ms
 // Set while a query on this thread lets events run: the engine must then not be entered again.
 thread_local bool dansUnPas = false;
 
+thread_local Interruption* interruption = nullptr;
+
 int Pas(void*)
 {
     if (dansUnPas)
@@ -26,7 +29,7 @@ int Pas(void*)
     dansUnPas = true;
     Ceder();
     dansUnPas = false;
-    return 0;
+    return interruption && interruption->Demandee();
 }
 
 // Names sorted together often begin alike: the common part is skipped up to its last letter, which may carry an accent
@@ -254,6 +257,16 @@ int64_t Connexion::Nombre(std::string_view texte, int64_t absent)
     if (!enonce || sqlite3_step(enonce.get()) != SQLITE_ROW)
         return absent;
     return sqlite3_column_int64(enonce.get(), 0);
+}
+
+Interruption::Interruption(std::function<bool()> demandee)
+    : demandee_(std::move(demandee)), precedente_(std::exchange(interruption, this))
+{
+}
+
+Interruption::~Interruption()
+{
+    interruption = precedente_;
 }
 
 bool Connexion::Occupee()

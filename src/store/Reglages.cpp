@@ -147,6 +147,12 @@ double GetSettingNombre(std::string_view section, std::string_view cle, double d
     return valeur ? EnNombre(*valeur) : defaut;
 }
 
+int GetSettingEntier(std::string_view section, std::string_view cle, int defaut, int maximum)
+{
+    const double valeur = GetSettingNombre(section, cle, defaut);
+    return valeur >= 0 && valeur <= maximum ? static_cast<int>(valeur) : defaut;
+}
+
 bool SaveSetting(std::string_view section, std::string_view cle, std::string_view valeur)
 {
     Magasin& magasin = LeMagasin();

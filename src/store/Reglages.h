@@ -10,6 +10,8 @@
 std::string GetSetting(std::string_view section, std::string_view cle, std::string_view defaut);
 // The same as a number (leading blanks and what follows the digits ignored; 0 for no number).
 double GetSettingNombre(std::string_view section, std::string_view cle, double defaut);
+// The same from 0 to a maximum; the default for any other number.
+int GetSettingEntier(std::string_view section, std::string_view cle, int defaut, int maximum);
 
 // On disk when it returns; false when it could not be written (the value then holds for this process only).
 bool SaveSetting(std::string_view section, std::string_view cle, std::string_view valeur);
