@@ -1,6 +1,4 @@
 // The widgets of the browser window and what their signals lead to.
-#include <algorithm>
-
 #include <QActionGroup>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -163,16 +161,7 @@ void frmView::CreerVues()
     lvRapport_->setUniformRowHeights(true);
     lvRapport_->setAllColumnsShowFocus(true);
     QHeaderView* entete = lvRapport_->header();
-    entete->setStretchLastSection(false);
-    entete->setSectionsMovable(false);
-    entete->setSectionsClickable(true);
-    entete->setSortIndicatorShown(true);
-    // The widths are meant for letters of six pixels; a larger font gets larger columns.
-    const double echelle = std::max(1.0, fontMetrics().averageCharWidth() / 6.0);
-    for (int i = 0; i < NombreColonnes; ++i) {
-        const double pixels = EnTetesListe[static_cast<size_t>(i)].largeur / TwipsParPixel;
-        entete->resizeSection(i, static_cast<int>(pixels * echelle));
-    }
+    PreparerColonnes(*entete);
     connect(entete, &QHeaderView::sectionClicked, this, &frmView::TrierColonne);
 
     lvIcones_->setUniformItemSizes(true);

@@ -1,9 +1,11 @@
 #include "search/FenetreInfobulle.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QTextDocument>
 #include <QToolTip>
 #include <QVBoxLayout>
 
@@ -11,6 +13,7 @@ namespace {
 
 constexpr int Duree = 5000;  // ms
 constexpr int Ecart = 18;    // pixels from the pointer
+constexpr int Marge = 3;
 constexpr qsizetype TexteMesure = 4000;
 
 }  // namespace
@@ -20,7 +23,6 @@ FenetreInfobulle::FenetreInfobulle(QWidget* parent) : QFrame(parent), texte_(new
     setObjectName("ToolTip");
     setAccessibleName("Description");
     setFrameShape(QFrame::Box);
-    setPalette(QToolTip::palette());
     setAutoFillBackground(true);
     texte_->setObjectName("ToolTipT");
     texte_->setReadOnly(true);
@@ -28,12 +30,8 @@ FenetreInfobulle::FenetreInfobulle(QWidget* parent) : QFrame(parent), texte_(new
     texte_->setFocusPolicy(Qt::NoFocus);
     texte_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     texte_->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    QPalette couleurs = QToolTip::palette();
-    couleurs.setColor(QPalette::Base, couleurs.color(QPalette::ToolTipBase));
-    couleurs.setColor(QPalette::Text, couleurs.color(QPalette::ToolTipText));
-    texte_->setPalette(couleurs);
     auto* mise = new QVBoxLayout(this);
-    mise->setContentsMargins(3, 3, 3, 3);
+    mise->setContentsMargins(Marge, Marge, Marge, Marge);
     mise->addWidget(texte_);
 
     minuterie_.setObjectName("Timer1");
@@ -45,23 +43,34 @@ FenetreInfobulle::FenetreInfobulle(QWidget* parent) : QFrame(parent), texte_(new
 }
 
 // As wide and high as the text needs, up to a part of the window.
-QSize FenetreInfobulle::TaillePour(const QString& texte) const
+void FenetreInfobulle::Remplir(const QString& texte)
 {
-    const QFontMetrics lettres = texte_->fontMetrics();
-    const int marge = 2 * (frameWidth() + 3 + static_cast<int>(texte_->document()->documentMargin()));
-    const int largeur = std::min(parentWidget()->width() * 3 / 5, lettres.averageCharWidth() * 70) - marge;
-    const int hauteur = parentWidget()->height() / 3 - marge;
-    const QRect besoin = lettres.boundingRect(QRect(0, 0, largeur, hauteur), Qt::TextWordWrap | Qt::TextWrapAnywhere,
-                                              texte.left(TexteMesure));
-    const bool deborde = besoin.height() > hauteur || texte.size() > TexteMesure;
+    const int marge = 2 * (frameWidth() + Marge);
+    const int largeur = std::min(parentWidget()->width() * 3 / 5, fontMetrics().averageCharWidth() * 70);
+    const int hauteur = parentWidget()->height() / 3;
+    QTextDocument document;
+    document.setDefaultFont(texte_->font());
+    document.setPlainText(texte.left(TexteMesure));
+    document.setTextWidth(largeur - marge);
+    const QSize besoin(static_cast<int>(std::ceil(document.idealWidth())),
+                       static_cast<int>(std::ceil(document.size().height())));
+    const bool deborde = besoin.height() > hauteur - marge || texte.size() > TexteMesure;
     const int defilement = deborde ? texte_->verticalScrollBar()->sizeHint().width() : 0;
-    return {std::min(besoin.width() + 2, largeur) + marge + defilement, std::min(besoin.height(), hauteur) + marge};
+    // Not left to the box, which would wrap for a bar that it then no longer needs.
+    texte_->setVerticalScrollBarPolicy(deborde ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    resize(std::min(besoin.width() + marge + defilement + 2, largeur), std::min(besoin.height() + marge + 2, hauteur));
+    texte_->setPlainText(texte);
 }
 
 void FenetreInfobulle::Montrer(const QString& texte, const QPoint& place)
 {
-    texte_->setPlainText(texte);
-    resize(TaillePour(texte));
+    QPalette couleurs = QToolTip::palette();
+    couleurs.setColor(QPalette::Window, couleurs.color(QPalette::ToolTipBase));
+    couleurs.setColor(QPalette::Base, couleurs.color(QPalette::ToolTipBase));
+    couleurs.setColor(QPalette::WindowText, couleurs.color(QPalette::ToolTipText));
+    couleurs.setColor(QPalette::Text, couleurs.color(QPalette::ToolTipText));
+    setPalette(couleurs);
+    Remplir(texte);
     Suivre(place);
     show();
     raise();

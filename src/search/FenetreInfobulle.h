@@ -21,7 +21,7 @@ protected:
     void leaveEvent(QEvent* evenement) override;
 
 private:
-    QSize TaillePour(const QString& texte) const;
+    void Remplir(const QString& texte);
 
     QPlainTextEdit* texte_;
     QTimer minuterie_;

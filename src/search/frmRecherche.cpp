@@ -162,6 +162,7 @@ void frmRecherche::ChoisirOnglet(int onglet)
 {
     onglet_ = onglet;
     CacherCalendrier();
+    infobulle_->Cacher();
     for (int i = 0; i < NombreOnglets; ++i)
         btn_[i]->setChecked(i == onglet);
     pages_->setCurrentIndex(onglet);
@@ -215,6 +216,7 @@ void frmRecherche::BasculerCalendrier(int rang)
     CacherCalendrier();
     if (ouvert)
         return;
+    infobulle_->Cacher();
     dateChoisie_ = rang;
     calendrier_->setProperty("tag", rang);
     calendrier_->setSelectedDate(QDate::fromString(infoDate_[rang]->property("tag").toString(), "yyyyMMdd"));

@@ -1,6 +1,4 @@
 // The widgets of the search window and what their signals lead to.
-#include <algorithm>
-
 #include <QAbstractItemView>
 #include <QCalendarWidget>
 #include <QCheckBox>
@@ -23,7 +21,6 @@
 #include "search/FenetreInfobulle.h"
 #include "search/frmRecherche.h"
 #include "shell/FenetreEtiquette.h"
-#include "shell/FenetrePlace.h"
 #include "store/Reglages.h"
 
 namespace {
@@ -43,7 +40,7 @@ QColor Lisible(const QColor& couleur, const QPalette& palette)
 {
     if (palette.color(QPalette::Window).lightness() > 127)
         return couleur;
-    return QColor::fromHsl(couleur.hslHue(), 255, 180);
+    return QColor::fromHsl(couleur.hslHue(), 255, 200);
 }
 
 QString TexteAide(const QColor& motif, const QColor& sens)
@@ -257,15 +254,7 @@ void frmRecherche::CreerListe()
             });
 
     QHeaderView* entete = lvListView_->header();
-    entete->setStretchLastSection(false);
-    entete->setSectionsMovable(false);
-    entete->setSectionsClickable(true);
-    entete->setSortIndicatorShown(true);
-    // The widths are meant for letters of six pixels; a larger font gets larger columns.
-    const double echelle = std::max(1.0, fontMetrics().averageCharWidth() / 6.0);
-    for (int i = 0; i < NombreColonnes; ++i)
-        entete->resizeSection(i,
-                              static_cast<int>(EnTetesListe[static_cast<size_t>(i)].largeur / TwipsParPixel * echelle));
+    PreparerColonnes(*entete);
     connect(entete, &QHeaderView::sectionClicked, this, &frmRecherche::TrierColonne);
 }
 

@@ -16,6 +16,7 @@ namespace {
 constexpr std::string_view Signature("SQLite format 3\0", 16);
 constexpr size_t LignesParLot = 32;
 constexpr int OperationsParPas = 10000;  // of the engine's machine, some 0.1 ms
+constexpr unsigned ComparaisonsParPas = 4096;
 
 // Set while a query on this thread lets events run: the engine must then not be entered again.
 thread_local bool dansUnPas = false;
@@ -36,6 +37,10 @@ int Pas(void*)
 // of its own behind it.
 int Comparer(void*, int longueurGauche, const void* octetsGauche, int longueurDroite, const void* octetsDroite)
 {
+    // The engine sorts in one step of its machine, without asking for the progress.
+    thread_local unsigned comparaisons = 0;
+    if (++comparaisons % ComparaisonsParPas == 0)
+        Pas(nullptr);
     std::string_view gauche(static_cast<const char*>(octetsGauche), static_cast<size_t>(longueurGauche));
     std::string_view droite(static_cast<const char*>(octetsDroite), static_cast<size_t>(longueurDroite));
     size_t commun = 0;
