@@ -280,10 +280,12 @@ FiltreRecherche frmRecherche::Filtre() const
 // Pressed again while a search runs, on its stack, the button gives the search up.
 void frmRecherche::PresserOK()
 {
-    if (enRecherche_)
+    if (enRecherche_) {
         Annuler();
-    else
-        Rechercher();
+        return;
+    }
+    Rechercher();
+    ok_->setChecked(false);
 }
 
 void frmRecherche::Annuler()
@@ -396,7 +398,7 @@ void frmRecherche::MontrerDescription(const ItemListe& item, const QModelIndex& 
     ligne.moveLeft(0);
     if (const QPoint souris = surface->mapFromGlobal(QCursor::pos()); ligne.contains(souris))
         place = souris;
-    infobulle_->Montrer(EnLignes(texte), surface->mapTo(this, place));
+    infobulle_->Montrer(EnLignes(texte).trimmed(), surface->mapTo(this, place));
 }
 
 void frmRecherche::lvListView_DblClick()

@@ -163,7 +163,7 @@ QWidget* frmRecherche::CreerPage(int onglet)
         grille->addWidget(lIdent_, 1, 1);
     } else if (onglet == RechercheLabelMedia) {
         lLables_ = CreerChoix("LLables", "LLabel", "Label du média");
-        grille->addWidget(CreerLibelle("Label du m&édia :", lLables_), 1, 0);
+        grille->addWidget(CreerLibelle("La&bel du média :", lLables_), 1, 0);
         grille->addWidget(lLables_, 1, 1);
     } else {
         auto* extensions = new QHBoxLayout;
