@@ -76,36 +76,41 @@ ItemListe ListeFichiers::Deplier(const Item& item)
     return deplie;
 }
 
-namespace {
-
-bool Avant(std::string_view gauche, std::string_view droite)
+int32_t ListeFichiers::Chercher(std::string_view cle) const
 {
-    return ComparerFrancais(gauche, droite) < 0;
+    for (int32_t rang = 0; rang < Nombre(); ++rang)
+        if ((*this)[rang].cle == cle)
+            return rang;
+    return -1;
 }
 
-// Rank of each text in French order. Names mostly arrive in order; all else repeats by the thousand, so that each
-// text is compared but once.
-std::vector<int32_t> RangsFrancais(const std::vector<std::string_view>& textes)
+namespace {
+
+// A text to sort by, with what tells most texts apart at a glance.
+struct CleTri {
+    DebutFrancais debut;
+    std::string_view texte;
+    int32_t indice;
+};
+
+bool Avant(const CleTri& gauche, const CleTri& droite)
 {
-    std::vector<std::string_view> tries = textes;
-    if (!std::is_sorted(tries.begin(), tries.end(), Avant)) {
-        const std::unordered_set<std::string_view> distincts(textes.begin(), textes.end());
-        tries.assign(distincts.begin(), distincts.end());
-        std::sort(tries.begin(), tries.end(), Avant);
+    if (gauche.debut != droite.debut)
+        return gauche.debut < droite.debut;
+    if (gauche.texte == droite.texte)
+        return gauche.indice < droite.indice;
+    return ComparerFrancais(gauche.texte, droite.texte) < 0;
+}
+
+// Turns a sorted series round; equal texts stay as they are.
+void Retourner(std::vector<CleTri>& cles)
+{
+    std::reverse(cles.begin(), cles.end());
+    for (auto debut = cles.begin(); debut != cles.end();) {
+        const auto fin = std::find_if(debut, cles.end(), [&](const CleTri& cle) { return cle.texte != debut->texte; });
+        std::reverse(debut, fin);
+        debut = fin;
     }
-    std::unordered_map<std::string_view, int32_t> rangs;
-    rangs.reserve(tries.size());
-    int32_t rang = 0;
-    for (size_t i = 0; i < tries.size(); ++i) {
-        if (i > 0 && tries[i] != tries[i - 1] && Avant(tries[i - 1], tries[i]))
-            ++rang;
-        rangs.emplace(tries[i], rang);
-    }
-    std::vector<int32_t> resultat;
-    resultat.reserve(textes.size());
-    for (const std::string_view texte : textes)
-        resultat.push_back(rangs[texte]);
-    return resultat;
 }
 
 }  // namespace
@@ -114,20 +119,18 @@ void ListeFichiers::Trier(int colonne, bool decroissant)
 {
     if (colonne < 0 || colonne >= NombreColonnes)
         return;
-    std::vector<std::string_view> textes;
-    textes.reserve(items_.size());
-    for (const Item& item : items_)
-        textes.push_back(Deplier(item).cellules[static_cast<size_t>(colonne)]);
-    const std::vector<int32_t> rangs = RangsFrancais(textes);
-
-    std::vector<std::pair<int32_t, int32_t>> cles;
+    std::vector<CleTri> cles;
     cles.reserve(items_.size());
     for (int32_t i = 0; i < Nombre(); ++i) {
-        const int32_t rang = rangs[static_cast<size_t>(i)];
-        cles.emplace_back(decroissant ? -rang : rang, i);
+        const std::string_view texte = Deplier(items_[static_cast<size_t>(i)]).cellules[static_cast<size_t>(colonne)];
+        cles.push_back({PeserDebut(texte), texte, i});
     }
-    std::sort(cles.begin(), cles.end());
-    std::transform(cles.begin(), cles.end(), ordre_.begin(), [](const auto& cle) { return cle.second; });
+    // Names mostly arrive in order.
+    if (!std::is_sorted(cles.begin(), cles.end(), Avant))
+        std::sort(cles.begin(), cles.end(), Avant);
+    if (decroissant)
+        Retourner(cles);
+    std::transform(cles.begin(), cles.end(), ordre_.begin(), [](const CleTri& cle) { return cle.indice; });
 }
 
 int32_t IconesExtensions::Chercher(const std::string& extension)

@@ -58,6 +58,9 @@ public:
     // Place in order of arrival of what stands at `rang` on the screen.
     int32_t Indice(int32_t rang) const { return ordre_[static_cast<size_t>(rang)]; }
 
+    // Place on the screen of the item with a key; -1 when there is none.
+    int32_t Chercher(std::string_view cle) const;
+
     // By the text of a column, in French order; equal texts stay in the order of arrival.
     void Trier(int colonne, bool decroissant);
 

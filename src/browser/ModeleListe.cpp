@@ -1,6 +1,11 @@
 #include "browser/ModeleListe.h"
 
+#include <algorithm>
+
+#include <QHeaderView>
 #include <QIcon>
+
+#include "shell/FenetrePlace.h"
 
 ModeleListe::ModeleListe(ListeFichiers& liste, ModeleImages& images, QObject* parent)
     : QAbstractTableModel(parent), liste_(liste), images_(images)
@@ -72,4 +77,20 @@ QVariant ModeleListe::headerData(int section, Qt::Orientation sens, int role) co
     if (sens != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= NombreColonnes)
         return {};
     return QString::fromUtf8(EnTetesListe[static_cast<size_t>(section)].titre);
+}
+
+void PreparerColonnes(QHeaderView& entete)
+{
+    entete.setStretchLastSection(false);
+    entete.setSectionsMovable(false);
+    entete.setSectionsClickable(true);
+    entete.setSortIndicatorShown(true);
+    // The widths are meant for letters of six pixels; a larger font gets larger columns, and a date is seen whole.
+    const QFontMetrics lettres = entete.fontMetrics();
+    const double echelle = std::max(1.0, lettres.averageCharWidth() / 6.0);
+    for (int i = 0; i < NombreColonnes; ++i) {
+        const double pixels = EnTetesListe[static_cast<size_t>(i)].largeur / TwipsParPixel;
+        entete.resizeSection(i, static_cast<int>(pixels * echelle));
+    }
+    entete.resizeSection(ColDate, std::max(entete.sectionSize(ColDate), lettres.horizontalAdvance("00/00/0000 ") + 8));
 }

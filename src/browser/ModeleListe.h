@@ -5,6 +5,8 @@
 #include "browser/ListeFichiers.h"
 #include "browser/ModeleImages.h"
 
+class QHeaderView;
+
 // Shows the file list to its views.
 class ModeleListe : public QAbstractTableModel {
 public:
@@ -27,3 +29,6 @@ private:
     ModeleImages& images_;
     int nombre_ = 0;
 };
+
+// Gives the header of a view on such a list its columns' first widths and its ways.
+void PreparerColonnes(QHeaderView& entete);

@@ -20,6 +20,7 @@
 #include "browser/CommandesBase.h"
 #include "browser/FenetreGrille.h"
 #include "shell/FenetrePlace.h"
+#include "shell/FenetreTextes.h"
 #include "shell/FrmOptions.h"
 #include "shell/Options.h"
 #include "store/CycleBase.h"
@@ -28,18 +29,6 @@
 namespace {
 
 enum Affichage { GrandesIcones, PetitesIcones, EnListe, Rapport };
-
-// Twips from the settings as pixels, within what a screen can show.
-int LirePixels(std::string_view section, std::string_view cle, int defaut)
-{
-    const double twips = GetSettingNombre(section, cle, defaut * TwipsParPixel);
-    return static_cast<int>(std::clamp(twips / TwipsParPixel, 0.0, 10000.0));
-}
-
-void EcrirePixels(std::string_view section, std::string_view cle, int pixels)
-{
-    SaveSettingNombre(section, cle, pixels * TwipsParPixel);
-}
 
 std::string CleColonne(int colonne)
 {
@@ -57,20 +46,6 @@ std::string DemanderFichier(QWidget* parent, const char* titre, bool ecrire)
     if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty())
         return {};
     return dialogue.selectedFiles().first().toStdString();
-}
-
-// A description as the box shows it. Files give it NULs and other control characters: each takes the place of one
-// letter, so that columns and drawings made of letters stay in line.
-QString EnLignes(const std::string& texte)
-{
-    QString lignes = QString::fromUtf8(texte.data(), static_cast<qsizetype>(texte.size())).replace("\r\n", "\n");
-    for (QChar& lettre : lignes) {
-        if (lettre.category() == QChar::Other_Control && lettre != '\n' && lettre != '\r' && lettre != '\t')
-            lettre = ' ';
-        else if (lettre == QChar::SoftHyphen)
-            lettre = '-';
-    }
-    return lignes;
 }
 
 }  // namespace
@@ -154,7 +129,7 @@ void frmView::ChargerArbre(const std::function<void(double)>& progression)
 void frmView::Occuper(bool occupe)
 {
     tvTreeView_->setEnabled(!occupe);
-    for (QAction* action : {repert_[0], repert_[1], repert_[2], repert_[3], supprimer_, ajouter_, preferences_})
+    for (QAction* action : {repert_[0], repert_[1], repert_[2], repert_[3], supprimer_, ajouter_, rechercher_, preferences_})
         action->setEnabled(!occupe);
 }
 
@@ -213,6 +188,48 @@ void frmView::lvListView_Click()
     navigateur_.CliquerItem(index.row());
     ActiverCommandes();
     MontrerNavigateur();
+}
+
+void frmView::Btn_recherche()
+{
+    if (enChargement_ || !demanderRecherche)
+        return;
+    EnregistrerPlacePrincipale(*this);
+    demanderRecherche();
+}
+
+bool frmView::AtteindreNoeud(std::string_view cle)
+{
+    const int32_t noeud = navigateur_.arbre.Chercher(cle);
+    if (enChargement_ || noeud == ArbreCatalogue::Aucun)
+        return false;
+    // Nodes on the way may be new to the view; from the top, since it finds the lower ones through the upper.
+    std::vector<int32_t> chemin;
+    for (int32_t n = navigateur_.arbre[noeud].parent; n != ArbreCatalogue::Aucun; n = navigateur_.arbre[n].parent)
+        chemin.push_back(n);
+    for (auto n = chemin.rbegin(); n != chemin.rend(); ++n)
+        modeleArbre_->AnnoncerEnfants(*n);
+    navigateur_.arbre.Selectionner(noeud);
+    SelectionnerNoeud();
+    noeudAMontrer_.stop();
+    tvTreeView_Click();
+    return navigateur_.arbre.CleSelection() == cle;
+}
+
+void frmView::AtteindreItem(std::string_view cle)
+{
+    const int32_t rang = cle.empty() ? -1 : navigateur_.liste.Chercher(cle);
+    tvTreeView_->scrollTo(tvTreeView_->currentIndex());
+    if (rang < 0) {
+        tvTreeView_->setFocus();
+        return;
+    }
+    const QModelIndex index = modeleListe_->index(rang, 0);
+    VueListe()->setCurrentIndex(index);
+    itemAMontrer_.stop();
+    lvListView_Click();
+    VueListe()->setFocus();
+    VueListe()->scrollTo(index);
 }
 
 void frmView::MontrerNavigateur()
@@ -310,19 +327,10 @@ char frmView::Choisir(const MediaDemande& media)
 
 void frmView::LirePlace()
 {
-    const auto lire = [](std::string_view cle, int defaut) { return LirePixels(SectionSettings, cle, defaut); };
-    resize(std::max(lire("MainWidth", 1000), 320), std::max(lire("MainHeight", 660), 240));
-    if (GetSetting(SectionSettings, "MainLeft", "").empty())
-        move(0, 0);
-    else
-        PlacerFenetre(*this, "MainTop", "MainLeft");
-    const int etat = GetSettingEntier(SectionSettings, "MainState", 0, 2);
-    if (etat == 2)
-        setWindowState(Qt::WindowMaximized);
-
-    const int gauche = lire("picSplitter_Left", 333);
+    PlacerFenetrePrincipale(*this);
+    const int gauche = LirePixels(SectionSettings, "picSplitter_Left", 333);
     separateurVertical_->setSizes({gauche, std::max(width() - gauche, 100)});
-    const int haut = lire("picSplitter_Top", height() * 2 / 3);
+    const int haut = LirePixels(SectionSettings, "picSplitter_Top", height() * 2 / 3);
     separateurHorizontal_->setSizes({haut, std::max(height() - haut, 60)});
 }
 
@@ -357,13 +365,7 @@ void frmView::OuvrirPreferences()
 
 void frmView::EcrireReglages()
 {
-    const int etat = isMinimized() ? 1 : isMaximized() ? 2 : 0;
-    SaveSetting(SectionSettings, "MainState", std::to_string(etat));
-    if (etat == 0) {
-        EnregistrerPlace(*this, "MainTop", "MainLeft");
-        EcrirePixels(SectionSettings, "MainWidth", width());
-        EcrirePixels(SectionSettings, "MainHeight", height());
-    }
+    EnregistrerPlacePrincipale(*this);
     for (int i = 0; i < NombreColonnes; ++i)
         EcrirePixels(SectionLvListView, CleColonne(i), lvRapport_->header()->sectionSize(i));
     const auto mode = aff_->actions().indexOf(aff_->checkedAction());

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include <QMainWindow>
 #include <QTimer>
@@ -30,9 +31,10 @@ public:
     explicit frmView(Dialogues& dialogues, QWidget* parent = nullptr);
     ~frmView() override;
 
-    std::function<void()> demanderAjout;    // the user wants to read a media
-    std::function<void()> demanderQuitter;  // the user wants to end the program
-    std::function<bool()> fermer;           // the window is being closed; false keeps it open
+    std::function<void()> demanderAjout;      // the user wants to read a media
+    std::function<void()> demanderQuitter;    // the user wants to end the program
+    std::function<void()> demanderRecherche;  // the search window must take the place of this one
+    std::function<bool()> fermer;             // the window is being closed; false keeps it open
     std::function<char(const MediaDemande&)> choisirLecteur;
     // A path for a base, to be written or read; empty when the user gives up. The file dialog unless given otherwise.
     std::function<std::string(const char* titre, bool ecrire)> choisirFichier;
@@ -42,6 +44,13 @@ public:
 
     void tvTreeView_Click();
     void lvListView_Click();
+    void Btn_recherche();
+
+    // For a result of the search: the tree, to which nodes may be added; the node with a key is selected and its
+    // entries read, false when there is none; then one of these entries is selected, or the tree takes the focus.
+    ArbreCatalogue& Arbre() { return navigateur_.arbre; }
+    bool AtteindreNoeud(std::string_view cle);
+    void AtteindreItem(std::string_view cle);
 
 protected:
     void closeEvent(QCloseEvent* evenement) override;
@@ -105,6 +114,7 @@ private:
     QAction* repert_[4];  // create, open, copy, delete
     QAction* supprimer_;  // the tool bar's own delete
     QAction* ajouter_;
+    QAction* rechercher_;
     QAction* preferences_;
     QAction* quitter_;
     QAction* fichier1_[2];  // launch, open the folder

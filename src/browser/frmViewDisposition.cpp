@@ -1,6 +1,4 @@
 // The widgets of the browser window and what their signals lead to.
-#include <algorithm>
-
 #include <QActionGroup>
 #include <QFontDatabase>
 #include <QHBoxLayout>
@@ -40,6 +38,7 @@ void frmView::CreerActions()
     repert_[3] = CreerAction("&Supprimer le catalogue en cours", "catalogue-supprimer");
     supprimer_ = CreerAction("Supprimer le catalogue en cours", "catalogue-supprimer");
     ajouter_ = CreerAction("&Ajouter un nouveau média", "media-ajouter", QKeySequence("Ctrl+M"));
+    rechercher_ = CreerAction("&Rechercher", "rechercher", QKeySequence::Find);
     preferences_ = CreerAction("&Préférences", "preferences", QKeySequence("Ctrl+,"));
     quitter_ = CreerAction("&Quitter", nullptr, QKeySequence("Ctrl+Q"));
     fichier1_[0] = CreerAction("&Lancer le fichier");
@@ -48,6 +47,7 @@ void frmView::CreerActions()
     repert_[0]->setToolTip(" Ajouter un nouveau catalogue ");
     repert_[1]->setToolTip(" Ouvrir un catalogue ");
     supprimer_->setToolTip(" Supprimer le catalogue en cours ");
+    rechercher_->setToolTip(" Rechercher des informations ");
     preferences_->setToolTip(" Préférences ");
 
     connect(repert_[0], &QAction::triggered, this, [this] {
@@ -69,6 +69,7 @@ void frmView::CreerActions()
         if (demanderAjout)
             demanderAjout();
     });
+    connect(rechercher_, &QAction::triggered, this, &frmView::Btn_recherche);
     connect(preferences_, &QAction::triggered, this, &frmView::OuvrirPreferences);
     connect(quitter_, &QAction::triggered, this, [this] {
         if (demanderQuitter)
@@ -94,6 +95,7 @@ void frmView::CreerMenus()
     QMenu* catalogue = menuBar()->addMenu("&Catalogue");
     catalogue->addActions({repert_[0], repert_[1], repert_[2], repert_[3]});
     catalogue->addSeparator();
+    catalogue->addAction(rechercher_);
     catalogue->addAction(preferences_);
     catalogue->addSeparator();
     catalogue->addAction(quitter_);
@@ -110,6 +112,7 @@ void frmView::CreerMenus()
     barre->addSeparator();
     barre->addActions({repert_[0], repert_[1], supprimer_});
     barre->addSeparator();
+    barre->addAction(rechercher_);
     barre->addAction(preferences_);
 }
 
@@ -167,16 +170,7 @@ void frmView::CreerVues()
     grille_ = new FenetreGrille(lvRapport_);
     lvRapport_->setItemDelegate(grille_);
     QHeaderView* entete = lvRapport_->header();
-    entete->setStretchLastSection(false);
-    entete->setSectionsMovable(false);
-    entete->setSectionsClickable(true);
-    entete->setSortIndicatorShown(true);
-    // The widths are meant for letters of six pixels; a larger font gets larger columns.
-    const double echelle = std::max(1.0, fontMetrics().averageCharWidth() / 6.0);
-    for (int i = 0; i < NombreColonnes; ++i) {
-        const double pixels = EnTetesListe[static_cast<size_t>(i)].largeur / TwipsParPixel;
-        entete->resizeSection(i, static_cast<int>(pixels * echelle));
-    }
+    PreparerColonnes(*entete);
     connect(entete, &QHeaderView::sectionClicked, this, &frmView::TrierColonne);
 
     lvIcones_->setUniformItemSizes(true);

@@ -58,13 +58,14 @@ struct Poids {
 };
 
 // Signs come before digits, digits before letters.
+constexpr uint32_t PoidsChiffres = 0x200000, PoidsLettres = 0x300000;
+
 uint32_t PoidsLettre(char32_t caractere)
 {
-    constexpr uint32_t chiffres = 0x200000, lettres = 0x300000;
     if (QChar::isLetter(caractere))
-        return lettres + QChar::toCaseFolded(caractere);
+        return PoidsLettres + QChar::toCaseFolded(caractere);
     if (const int valeur = QChar::digitValue(caractere); valeur >= 0)
-        return chiffres + static_cast<uint32_t>(valeur);
+        return PoidsChiffres + static_cast<uint32_t>(valeur);
     return caractere + 1;
 }
 
@@ -175,6 +176,17 @@ size_t DebutCommun(std::string_view gauche, std::string_view droite)
     while (commun > 0 && Octet(gauche, --commun) >= 0x80) {
     }
     return commun;
+}
+
+// A weight in 16 bits, in the same order but for rare characters, which become equal; above 0, the end of a text.
+uint64_t Abreger(uint32_t poids)
+{
+    constexpr uint32_t chiffres = 0x3000, lettres = 0x4000, plusGrand = 0xFFFF;
+    if (poids < PoidsChiffres)
+        return std::min(poids + 1, chiffres - 1);
+    if (poids < PoidsLettres)
+        return std::min(poids - PoidsChiffres + chiffres, lettres - 1);
+    return std::min(poids - PoidsLettres + lettres, plusGrand);
 }
 
 int Signe(uint32_t gauche, uint32_t droite)
@@ -352,4 +364,20 @@ int ComparerFrancais(std::string_view gauche, std::string_view droite)
     if (accents != 0)
         return accents;
     return casse != 0 ? casse : gauche.compare(droite);
+}
+
+DebutFrancais PeserDebut(std::string_view texte)
+{
+    constexpr size_t lettresParNombre = 4;
+    DebutFrancais debut{};
+    Lettres lettres(texte);
+    Poids poids;
+    bool reste = true;
+    for (uint64_t& nombre : debut) {
+        for (size_t i = 0; i < lettresParNombre; ++i) {
+            reste = reste && lettres.Suivante(poids);
+            nombre = nombre << 16 | (reste ? Abreger(poids.lettre) : 0);
+        }
+    }
+    return debut;
 }

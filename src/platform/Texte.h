@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -33,3 +35,8 @@ char32_t SansCasse(char32_t caractere);
 
 // French order: letters without case and accents first, accents then case break ties. Negative, 0, positive.
 int ComparerFrancais(std::string_view gauche, std::string_view droite);
+
+// The weights of a text's first letters, for sorting many texts: where two of these differ, ComparerFrancais gives the
+// same order.
+using DebutFrancais = std::array<uint64_t, 2>;
+DebutFrancais PeserDebut(std::string_view texte);

@@ -12,6 +12,8 @@ CleResultat AnalyserCleResultat(std::string_view cle)
         return {};
     CleResultat resultat;
     resultat.noeud = cle.substr(0, diese);
+    if (EstCleArchive(cle.substr(tiret + 1)))
+        resultat.noeud.erase(0, tiret + 1);
     resultat.item = std::string(cle.substr(0, tiret + 1)).append(cle.substr(diese + 1));
     resultat.catalogue = Trim(cle.substr(0, tiret));
     resultat.ligne = Trim(cle.substr(diese + 1));
@@ -48,6 +50,7 @@ public:
             item.cellules[ColNom] = texte;
         } else {
             item.icone = icones_.Chercher(ExtensionFichier(nom));
+            item.cellules[ColType] = lignes_.Texte(champs_.type);
         }
         return true;
     }
@@ -69,16 +72,18 @@ void RechercheLabel(const std::string& requete, const FiltreRecherche& filtre, L
 {
     liste.Vider();
     Base base = OpenDatabase(BaseCourante());
+    const Interruption interruption(ecoute.annulee);
     Recordset lignes = base.OpenRecordset(requete);
     Resultats resultats(lignes, filtre, icones);
     ItemListe item;
-    for (; !lignes.Eof(); lignes.MoveNext()) {
-        Ceder();
-        if (ecoute.annulee && ecoute.annulee()) {
-            liste.Vider();
-            return;
-        }
-        if (resultats.Lire(item))
+    for (; !lignes.Eof() && !interruption.Demandee(); lignes.MoveNext()) {
+        if (resultats.Lire(item)) {
             liste.Ajouter(item);
+            if (ecoute.progression && liste.Nombre() % 256 == 1)
+                ecoute.progression(liste.Nombre());
+        }
+        Ceder();
     }
+    if (interruption.Demandee())
+        liste.Vider();
 }

@@ -7,14 +7,14 @@
 #include "search/Requete.h"
 
 struct EcouteRecherche {
-    std::function<bool()> annulee;                 // asked at every row
-    std::function<void(double part)> progression;  // 0 to 1
+    std::function<bool()> annulee;                    // asked at every row, and while the engine works towards one
+    std::function<void(int32_t nombre)> progression;  // results so far; how many there will be nobody knows
 };
 
 // Key of a result: the key of its node in the tree, "#" and the number of its row behind a blank. The node of a file
-// is that of the directory that holds it.
+// is that of the directory or archive that holds it; an archive's key stands behind "12-".
 struct CleResultat {
-    std::string noeud;  // " 12-000000003"
+    std::string noeud;  // " 12-000000003", "A 345 12"
     std::string item;   // key of the row in the browser's list, " 12- 345"
     std::string catalogue, ligne;
 };

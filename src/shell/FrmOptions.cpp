@@ -9,20 +9,16 @@
 #include <QVBoxLayout>
 
 #include "shell/FenetreLecteurs.h"
+#include "shell/FenetreTextes.h"
 #include "shell/Options.h"
 #include "shell/Textes.h"
 
 namespace {
 
-QString EnTexte(std::string_view texte)
-{
-    return QString::fromUtf8(texte.data(), static_cast<qsizetype>(texte.size()));
-}
-
 QCheckBox* CreerCase(const Option& option, const char* nom, size_t rang, QLayout& mise)
 {
     // The blanks in front of a text leave room for a picture that a check box has by itself.
-    auto* boite = new QCheckBox(EnTexte(Trim(option.texte)));
+    auto* boite = new QCheckBox(EnQString(Trim(option.texte)));
     boite->setObjectName(QString("%1%2").arg(nom).arg(rang));
     mise.addWidget(boite);
     return boite;
@@ -87,7 +83,7 @@ QWidget* FrmOptions::CreerDescriptions()
     descriptions_->setItemDelegate(new RangeesAerees(descriptions_));
     descriptions_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
     for (const Option& option : OptionsDescriptions) {
-        auto* ligne = new QListWidgetItem(EnTexte(option.texte), descriptions_);
+        auto* ligne = new QListWidgetItem(EnQString(option.texte), descriptions_);
         ligne->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
         ligne->setCheckState(option.Lire() ? Qt::Checked : Qt::Unchecked);
     }

@@ -11,6 +11,7 @@
 #include "extraction/FrmGetDrive.h"
 #include "platform/Bureau.h"
 #include "platform/Ceder.h"
+#include "search/frmRecherche.h"
 #include "shell/FenetreDialogues.h"
 #include "shell/FrmExit.h"
 #include "shell/FrmMain.h"
@@ -25,6 +26,11 @@ FrmMain::Vue CreerVue(FrmMain& principale, Dialogues& dialogues)
     vue->demanderQuitter = [&principale, vue] { principale.Quitter(vue); };
     vue->fermer = [&principale] { return principale.FermerVue(); };
     vue->choisirLecteur = DemanderLecteur;
+    vue->demanderRecherche = [vue, &dialogues, recherche = std::shared_ptr<frmRecherche>()]() mutable {
+        if (!recherche)
+            recherche = std::make_shared<frmRecherche>(dialogues, *vue);
+        recherche->Ouvrir();
+    };
     const auto charger = [vue](FrmExit& attente) {
         vue->ChargerArbre([&attente](double part) { attente.Avancer("Chargement en cours ...", part); });
     };

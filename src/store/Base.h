@@ -63,6 +63,22 @@ private:
     std::shared_ptr<Connexion> connexion_;
 };
 
+// While it lives, a long select of this thread asks it each time it has let events run. True ends the select there, as
+// if it had no more rows.
+class Interruption {
+public:
+    explicit Interruption(std::function<bool()> demandee);
+    ~Interruption();
+    Interruption(const Interruption&) = delete;
+    Interruption& operator=(const Interruption&) = delete;
+
+    bool Demandee() const { return demandee_ && demandee_(); }
+
+private:
+    std::function<bool()> demandee_;
+    Interruption* precedente_;
+};
+
 // Opens a base, exclusively and for writing. Not open when the file is missing, read-only, in use by another process,
 // or no base; such a file is never written to.
 Base OpenDatabase(const std::string& chemin);

@@ -8,6 +8,7 @@
 #include "platform/Fichier.h"
 #include "platform/Fichiers.h"
 #include "platform/Texte.h"
+#include "store/Base.h"
 #include "store/Motif.h"
 
 namespace {
@@ -15,9 +16,12 @@ namespace {
 constexpr std::string_view Signature("SQLite format 3\0", 16);
 constexpr size_t LignesParLot = 32;
 constexpr int OperationsParPas = 10000;  // of the engine's machine, some 0.1 ms
+constexpr unsigned ComparaisonsParPas = 4096;
 
 // Set while a query on this thread lets events run: the engine must then not be entered again.
 thread_local bool dansUnPas = false;
+
+thread_local Interruption* interruption = nullptr;
 
 int Pas(void*)
 {
@@ -26,13 +30,17 @@ int Pas(void*)
     dansUnPas = true;
     Ceder();
     dansUnPas = false;
-    return 0;
+    return interruption && interruption->Demandee();
 }
 
 // Names sorted together often begin alike: the common part is skipped up to its last letter, which may carry an accent
 // of its own behind it.
 int Comparer(void*, int longueurGauche, const void* octetsGauche, int longueurDroite, const void* octetsDroite)
 {
+    // The engine sorts in one step of its machine, without asking for the progress.
+    thread_local unsigned comparaisons = 0;
+    if (++comparaisons % ComparaisonsParPas == 0)
+        Pas(nullptr);
     std::string_view gauche(static_cast<const char*>(octetsGauche), static_cast<size_t>(longueurGauche));
     std::string_view droite(static_cast<const char*>(octetsDroite), static_cast<size_t>(longueurDroite));
     size_t commun = 0;
@@ -254,6 +262,16 @@ int64_t Connexion::Nombre(std::string_view texte, int64_t absent)
     if (!enonce || sqlite3_step(enonce.get()) != SQLITE_ROW)
         return absent;
     return sqlite3_column_int64(enonce.get(), 0);
+}
+
+Interruption::Interruption(std::function<bool()> demandee)
+    : demandee_(std::move(demandee)), precedente_(std::exchange(interruption, this))
+{
+}
+
+Interruption::~Interruption()
+{
+    interruption = precedente_;
 }
 
 bool Connexion::Occupee()

@@ -9,17 +9,22 @@ TEST(Texte, OrdreFrancais)
     const std::vector<std::string> ordre = {"",       "-",      "_z",    "1",     "10",  "2",     "a",
                                             "A",      "à",      "ab",    "Æ",     "aet", "cote",  "Cote",
                                             "coté",   "côte",   "côté",  "coter", "œuf", "oeuil", "Œuvre",
-                                            "straße", "strate", "zèbre", "zébré", "Ω",   "日"};
+                                            "straße", "strate", "zèbre", "zébré", "Ω",   "日",    "𝒜"};
     for (size_t gauche = 0; gauche < ordre.size(); ++gauche) {
         for (size_t droite = 0; droite < ordre.size(); ++droite) {
             const int signe = ComparerFrancais(ordre[gauche], ordre[droite]);
             EXPECT_EQ(signe < 0, gauche < droite) << ordre[gauche] << " " << ordre[droite];
             EXPECT_EQ(signe > 0, gauche > droite) << ordre[gauche] << " " << ordre[droite];
+            const DebutFrancais debutGauche = PeserDebut(ordre[gauche]), debutDroit = PeserDebut(ordre[droite]);
+            EXPECT_TRUE(gauche > droite ? debutGauche >= debutDroit : debutGauche <= debutDroit)
+                << ordre[gauche] << " " << ordre[droite];
         }
     }
     EXPECT_LT(ComparerFrancais("cafe\u0301", "cafétéria"), 0);  // accent written apart
     EXPECT_GT(ComparerFrancais("cafe\u0301", "cafe"), 0);
     EXPECT_NE(ComparerFrancais("\xFF\xE9", "\xFF"), 0);
+    EXPECT_LT(PeserDebut("1022 b"), PeserDebut("1023 b"));  // tells texts apart by itself
+    EXPECT_LT(PeserDebut("b\xC3\xA9ta1"), PeserDebut("beta2"));
     EXPECT_EQ(ComparerFrancais(std::string_view("a\0b", 3), std::string_view("a\0b", 3)), 0);
 }
 
