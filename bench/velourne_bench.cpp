@@ -293,7 +293,7 @@ void Chercher(const Arguments& arguments)
     const std::string requete = TexteRecherche(demande);
     ListeFichiers liste;
     IconesExtensions icones;
-    RechercheLabel(requete, filtre, liste, icones);
+    RechercheLabel(demande, filtre, liste, icones);
     const double secondes = chronometre.Secondes();
 
     for (int32_t rang = 0; enListe && rang < liste.Nombre(); ++rang) {

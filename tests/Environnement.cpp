@@ -20,6 +20,7 @@ Environnement::Environnement()
     fs::create_directories(travail_);
     setenv("XDG_CONFIG_HOME", (racine_ / "config").c_str(), 1);
     setenv("XDG_DATA_HOME", (racine_ / "data").c_str(), 1);
+    setenv("XDG_CACHE_HOME", (racine_ / "cache").c_str(), 1);
     FixerDossierProgramme(programme_.string());
     OublierReglages();
     FixerBaseCourante("");

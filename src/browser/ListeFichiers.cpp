@@ -97,9 +97,8 @@ bool Avant(const CleTri& gauche, const CleTri& droite)
 {
     if (gauche.debut != droite.debut)
         return gauche.debut < droite.debut;
-    if (gauche.texte == droite.texte)
-        return gauche.indice < droite.indice;
-    return ComparerFrancais(gauche.texte, droite.texte) < 0;
+    const int ordre = gauche.texte == droite.texte ? 0 : ComparerFrancais(gauche.texte, droite.texte);
+    return ordre != 0 ? ordre < 0 : gauche.indice < droite.indice;
 }
 
 // Turns a sorted series round; equal texts stay as they are.
@@ -117,12 +116,19 @@ void Retourner(std::vector<CleTri>& cles)
 
 void ListeFichiers::Trier(int colonne, bool decroissant)
 {
+    TrierSelon([](int32_t, std::string_view montre) { return montre; }, colonne, decroissant);
+}
+
+void ListeFichiers::TrierSelon(const std::function<std::string_view(int32_t, std::string_view)>& lire, int colonne,
+                               bool decroissant)
+{
     if (colonne < 0 || colonne >= NombreColonnes)
         return;
     std::vector<CleTri> cles;
     cles.reserve(items_.size());
     for (int32_t i = 0; i < Nombre(); ++i) {
-        const std::string_view texte = Deplier(items_[static_cast<size_t>(i)]).cellules[static_cast<size_t>(colonne)];
+        const ItemListe item = Deplier(items_[static_cast<size_t>(i)]);
+        const std::string_view texte = lire(i, item.cellules[static_cast<size_t>(colonne)]);
         cles.push_back({PeserDebut(texte), texte, i});
     }
     // Names mostly arrive in order.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <deque>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -63,6 +64,9 @@ public:
 
     // By the text of a column, in French order; equal texts stay in the order of arrival.
     void Trier(int colonne, bool decroissant);
+    // The same with another text for some items, which `lire` gives for their place in order of arrival and the cell.
+    void TrierSelon(const std::function<std::string_view(int32_t indice, std::string_view montre)>& lire, int colonne,
+                    bool decroissant);
 
     // Key of the node whose entries these are.
     const std::string& CleLue() const { return cleLue_; }
@@ -76,7 +80,7 @@ private:
     };
     static ItemListe Deplier(const Item& item);
 
-    std::vector<Item> items_;
+    std::deque<Item> items_;
     std::vector<int32_t> ordre_;
     TextesRanges textes_;
     std::string tampon_;

@@ -10,6 +10,7 @@
 #include "shell/Textes.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
+#include "store/IndexNoms.h"
 #include "store/Reglages.h"
 
 // A directory of the walk, from its scan until all its subdirectories have been walked.
@@ -62,6 +63,15 @@ bool EstExclu(std::string_view chemin)
            motif.find("Temporary Internet Files") != std::string::npos;
 }
 
+// The names are made ready for searching now when the run brought a good part of them; else the first search does it.
+void PreparerRecherche(int64_t lignesDuMedia)
+{
+    constexpr int64_t bonnePart = 4;
+    const int64_t lignes = OpenDatabase(BaseCourante()).OpenRecordset("select count(*) as n from Liste").Entier("n");
+    if (lignesDuMedia >= lignes / bonnePart)
+        PreparerIndexNoms(BaseCourante());
+}
+
 // Directories that get neither a row nor a node.
 bool EstSansLigne(std::string_view nom)
 {
@@ -104,6 +114,7 @@ FinExtraction Extraction::Executer()
     const auto debut = Horloge::now();
     CompacterBase();
     durees_.compaction = Secondes(debut);
+    PreparerRecherche(publie_.compteurs.repertoires + publie_.compteurs.fichiers);
     FixerArbreARecharger(true);
     return fin;
 }

@@ -1,9 +1,18 @@
 #include "search/RechercheLabel.h"
 
+#include <algorithm>
+#include <optional>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include <fmt/ranges.h>
+
 #include "platform/Ceder.h"
 #include "shell/Textes.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
+#include "store/IndexNoms.h"
 
 CleResultat AnalyserCleResultat(std::string_view cle)
 {
@@ -55,6 +64,12 @@ public:
         return true;
     }
 
+    // The name that a result is ordered by, when the user has given it another.
+    std::string_view NomSousAlias() const
+    {
+        return lignes_.EstNul(champs_.alias) ? std::string_view() : lignes_.Texte(champs_.nom);
+    }
+
 private:
     Recordset& lignes_;
     const FiltreRecherche& filtre_;
@@ -65,7 +80,70 @@ private:
     std::string cle_;
 };
 
+constexpr size_t CandidatsParRequete = 500;
+
+std::string TexteParNumeros(const std::string& corps, const int64_t* debut, const int64_t* fin)
+{
+    return fmt::format("select * from Liste where Num in ({}) and ({})", fmt::join(debut, fin, ","), corps);
+}
+
+// Rows come by number here: what the select's order is in, name and then number, is made up for at the end.
+void LireCandidats(std::vector<int64_t> candidats, const DemandeRecherche& demande, const FiltreRecherche& filtre,
+                   ListeFichiers& liste, IconesExtensions& icones, const EcouteRecherche& ecoute)
+{
+    const Interruption interruption(ecoute.annulee);
+    Base base = OpenDatabase(BaseCourante());
+    const std::string corps = CorpsRecherche(demande);
+    std::unordered_map<int32_t, std::string> nomsSousAlias;
+    ItemListe item;
+    for (size_t place = 0; place < candidats.size() && !interruption.Demandee(); place += CandidatsParRequete) {
+        const int64_t* debut = candidats.data() + place;
+        const int64_t* fin = debut + std::min(CandidatsParRequete, candidats.size() - place);
+        Recordset lignes = base.OpenRecordset(TexteParNumeros(corps, debut, fin));
+        Resultats resultats(lignes, filtre, icones);
+        for (; !lignes.Eof(); lignes.MoveNext()) {
+            if (!resultats.Lire(item))
+                continue;
+            if (const std::string_view nom = resultats.NomSousAlias(); !nom.empty())
+                nomsSousAlias.emplace(liste.Nombre(), nom);
+            liste.Ajouter(item);
+        }
+        if (ecoute.progression)
+            ecoute.progression(liste.Nombre());
+        Ceder();
+    }
+    if (interruption.Demandee()) {
+        liste.Vider();
+        return;
+    }
+    std::vector<int64_t>().swap(candidats);  // sorting takes room of its own
+    liste.TrierSelon(
+        [&](int32_t indice, std::string_view montre) {
+            const auto cache = nomsSousAlias.find(indice);
+            return cache == nomsSousAlias.end() ? montre : std::string_view(cache->second);
+        },
+        ColNom, false);
+}
+
 }  // namespace
+
+void RechercheLabel(const DemandeRecherche& demande, const FiltreRecherche& filtre, ListeFichiers& liste,
+                    IconesExtensions& icones, const EcouteRecherche& ecoute)
+{
+    liste.Vider();
+    // A "'" may change what the select means.
+    const bool dansLesNoms = !demande.descriptions && demande.mot.find('\'') == std::string::npos;
+    std::optional<std::vector<int64_t>> candidats;
+    if (dansLesNoms) {
+        const Interruption interruption(ecoute.annulee);
+        if (PreparerIndexNoms(BaseCourante()))
+            candidats = CandidatsNoms(BaseCourante(), demande.mot);
+    }
+    if (candidats)
+        LireCandidats(std::move(*candidats), demande, filtre, liste, icones, ecoute);
+    else
+        RechercheLabel(TexteRecherche(demande), filtre, liste, icones, ecoute);
+}
 
 void RechercheLabel(const std::string& requete, const FiltreRecherche& filtre, ListeFichiers& liste,
                     IconesExtensions& icones, const EcouteRecherche& ecoute)

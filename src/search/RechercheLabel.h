@@ -25,3 +25,8 @@ CleResultat AnalyserCleResultat(std::string_view cle);
 // cancelled, or that the engine refuses, leaves the list empty.
 void RechercheLabel(const std::string& requete, const FiltreRecherche& filtre, ListeFichiers& liste,
                     IconesExtensions& icones, const EcouteRecherche& ecoute = {});
+
+// The same for what the window asks. In names alone it looks through the base's file of names, where there is one or
+// can be, and asks the engine about the rows found there only.
+void RechercheLabel(const DemandeRecherche& demande, const FiltreRecherche& filtre, ListeFichiers& liste,
+                    IconesExtensions& icones, const EcouteRecherche& ecoute = {});

@@ -18,29 +18,30 @@ std::string ParNom(const std::string& mot, const char* ou)
 }  // namespace
 
 // The blanks of these texts are as they are; so is the choice of a media, which a search in descriptions alone ignores.
-std::string TexteRecherche(const DemandeRecherche& demande)
+std::string CorpsRecherche(const DemandeRecherche& demande)
 {
     constexpr const char* ou = "' or  Alias like '";
     constexpr const char* ouDansMedia = "' or Alias like '";
     const std::string& mot = demande.mot;
     const bool dansMedia = demande.onglet != RechercheAvancee && demande.media != 0;
 
-    std::string corps;
     if (demande.descriptions && !demande.noms)
-        corps = ParDescription(mot);
-    else if (dansMedia && demande.descriptions)
-        corps = " NCatalogue = " + Str(demande.media) + " and (" + ParDescription(mot) + " or (" +
-                ParNom(mot, ouDansMedia) + ")) ";
-    else if (dansMedia)
-        corps = " NCatalogue = " + Str(demande.media) + " and (" + ParNom(mot, ouDansMedia) + ") ";
-    else if (demande.descriptions)
-        corps = ParDescription(mot) + " or (" + ParNom(mot, ou) + ") ";
-    else
-        corps = " " + ParNom(mot, ou) + " ";
+        return ParDescription(mot);
+    if (dansMedia && demande.descriptions)
+        return " NCatalogue = " + Str(demande.media) + " and (" + ParDescription(mot) + " or (" +
+               ParNom(mot, ouDansMedia) + ")) ";
+    if (dansMedia)
+        return " NCatalogue = " + Str(demande.media) + " and (" + ParNom(mot, ouDansMedia) + ") ";
+    if (demande.descriptions)
+        return ParDescription(mot) + " or (" + ParNom(mot, ou) + ") ";
+    return " " + ParNom(mot, ou) + " ";
+}
 
+std::string TexteRecherche(const DemandeRecherche& demande)
+{
     const char* debut =
         demande.onglet == RechercheAvancee ? "select * from Liste where  " : "select * from Liste where ";
-    return debut + corps + " order by Nom asc";
+    return debut + CorpsRecherche(demande) + " order by Nom asc";
 }
 
 int ChoisirMode(int onglet, bool parExtension, bool parDates)

@@ -14,7 +14,9 @@ struct DemandeRecherche {
     std::string mot;  // as typed, "*" and "?" being wildcards
 };
 
-// The select that finds the rows. The word stands in it as it was typed: a "'" makes it a text that no engine takes.
+// The condition that the rows fulfil, and the whole select. The word stands in it as it was typed: a "'" makes it a
+// text that no engine takes.
+std::string CorpsRecherche(const DemandeRecherche& demande);
 std::string TexteRecherche(const DemandeRecherche& demande);
 
 // What of a row is looked at beside the word. The number of a mode: 1 for the extension, 2 for the dates, 3 for both.

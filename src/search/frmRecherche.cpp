@@ -316,7 +316,7 @@ void frmRecherche::Rechercher()
         if (!annulee_)
             commentaire_->setText(EnQString(Str(nombre)) + " Objets");
     };
-    RechercheLabel(TexteRecherche(demande), Filtre(), liste_, icones_, ecoute);
+    RechercheLabel(demande, Filtre(), liste_, icones_, ecoute);
     if (tri_)
         liste_.Trier(tri_->colonne, tri_->decroissant);
     modeleListe_->Annoncer();

@@ -75,10 +75,14 @@ public:
             AjouterTexte(alias);
         }
         textes_ += '\n';
-        return textes_.size() < TailleBloc || Finir();
+        return textes_.size() < TailleBloc || Verser();
     }
 
-    bool Finir()
+    // The last rows and, as the mark of the end, a block without any.
+    bool Finir() { return (textes_.empty() || Verser()) && Verser(); }
+
+private:
+    bool Verser()
     {
         bloc_.tailleNumeros = static_cast<uint32_t>(numeros_.size());
         bloc_.tailleTextes = static_cast<uint32_t>(textes_.size());
@@ -88,7 +92,6 @@ public:
         return ecrit;
     }
 
-private:
     // A line end inside a name would end its line.
     void AjouterTexte(std::string_view texte)
     {
@@ -187,7 +190,9 @@ std::optional<std::vector<int64_t>> CandidatsNoms(const std::string& base, std::
             return std::nullopt;
         position += sizeof bloc;
         const uint64_t taille = uint64_t{bloc.tailleNumeros} + bloc.tailleTextes;
-        if (taille == 0 || taille > index.Taille() - position)
+        if (taille == 0)
+            return trouves;
+        if (taille > index.Taille() - position)
             break;
         octets.resize(static_cast<size_t>(taille));
         if (index.Lire(position, octets.data(), octets.size()) != octets.size())
@@ -195,5 +200,5 @@ std::optional<std::vector<int64_t>> CandidatsNoms(const std::string& base, std::
         const std::string_view tout(octets);
         ChercherDansBloc(bloc, tout.substr(0, bloc.tailleNumeros), tout.substr(bloc.tailleNumeros), partie, trouves);
     }
-    return trouves;
+    return std::nullopt;  // cut short
 }

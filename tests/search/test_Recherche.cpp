@@ -9,15 +9,28 @@
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
+namespace fs = std::filesystem;
+
 namespace {
 
 using Noms = std::multiset<std::string>;
 
 class Recherche : public EnvironnementBase {
 protected:
+    // Each search runs through the engine alone and through the file of names: the results must be the same.
     void Chercher(const DemandeRecherche& demande, const FiltreRecherche& filtre = {})
     {
+        RechercheLabel(demande, filtre, liste_, icones_);
+        const std::vector<std::string> parIndex = Cles();
         RechercheLabel(TexteRecherche(demande), filtre, liste_, icones_);
+        EXPECT_EQ(parIndex, Cles()) << demande.mot.substr(0, 100);
+    }
+    std::vector<std::string> Cles() const
+    {
+        std::vector<std::string> cles;
+        for (int32_t rang = 0; rang < liste_.Nombre(); ++rang)
+            cles.emplace_back(liste_[rang].cle);
+        return cles;
     }
     Noms Trouver(const std::string& mot, const FiltreRecherche& filtre = {})
     {
@@ -43,6 +56,34 @@ protected:
 };
 
 }  // namespace
+
+// The file of names follows every change of the base, in this program or out of it, and damage costs nothing but time.
+TEST_F(Recherche, FichierDesNoms)
+{
+    AjouterMediaTest({"Média", ""});
+    std::vector<LigneTest> lignes = {Fichier("ligne\ncoupée"), Fichier("Zoé")};
+    for (int i = 0; i < 300; ++i)
+        lignes.push_back(Fichier("fichier " + std::to_string(i) + std::string(2000, 'x')));
+    AjouterLignes(1, lignes);
+    EXPECT_EQ(Trouver("*fichier 29*").size(), 11U);
+    EXPECT_EQ(Trouver("ligne*coupée").size(), 1U);
+    EXPECT_EQ(Trouver("*ZOÉ*").size(), 1U);
+    EXPECT_EQ(std::distance(begin(fs::directory_iterator(racine_ / "cache" / "velourne")), {}), 1);
+
+    OpenDatabase(BaseCourante()).Execute("update Liste set Alias = 'autre' where Nom = 'Zoé'");
+    EXPECT_EQ(Trouver("autre").size(), 1U);
+    OpenDatabase(BaseCourante()).Execute("delete * from Liste where Nom = 'Zoé'");
+    EXPECT_EQ(Trouver("*autre*").size(), 0U);
+    AjouterLignes(1, {Fichier("autre")});
+    EXPECT_EQ(Trouver("autre").size(), 1U);
+
+    const fs::path index = fs::directory_iterator(racine_ / "cache" / "velourne")->path();
+    const std::string entier = Contenu(index);
+    for (const size_t taille : {entier.size() / 2, entier.size() - 1, size_t{60}, size_t{0}}) {
+        Ecrire(index, entier.substr(0, taille));
+        EXPECT_EQ(Trouver("autre").size(), 1U) << taille;
+    }
+}
 
 TEST_F(Recherche, Mots)
 {
