@@ -35,6 +35,12 @@ Environnement::~Environnement()
     fs::remove_all(racine_, erreur);
 }
 
+void Environnement::Executer(const std::string& commande) const
+{
+    const std::string appel = "cd '" + travail_.string() + "' && (" + commande + ") >/dev/null 2>&1";
+    ASSERT_EQ(std::system(appel.c_str()), 0) << commande;
+}
+
 void Ecrire(const fs::path& chemin, std::string_view contenu)
 {
     fs::create_directories(chemin.parent_path());

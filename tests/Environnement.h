@@ -13,6 +13,9 @@ protected:
     Environnement();
     ~Environnement() override;
 
+    // Runs a command of the shell among the test's own files; the test fails when it does.
+    void Executer(const std::string& commande) const;
+
     std::filesystem::path racine_;     // everything below
     std::filesystem::path programme_;  // program directory
     std::filesystem::path travail_;    // for the test's own files

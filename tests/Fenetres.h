@@ -2,9 +2,7 @@
 
 #include <functional>
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QWidget>
+#include <QtWidgets>
 
 // Lets events run until the condition holds; false after ten seconds.
 inline bool Attendre(const std::function<bool()>& condition)

@@ -1,25 +1,45 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
+#include "Environnement.h"
+#include "Octets.h"
 #include "archives/ArbreArchive.h"
+#include "platform/Fichier.h"
 
-// A little-endian number of so many bytes.
-inline std::string Entier(uint64_t valeur, int octets)
-{
-    std::string texte;
-    for (; octets-- > 0; valeur >>= 8)
-        texte += static_cast<char>(valeur & 0xFF);
-    return texte;
-}
+using Noeuds = std::vector<std::string>;
 
 // The nodes behind the first, each as "parent text".
-inline std::vector<std::string> TexteArbre(const ArbreArchive& tv)
+inline Noeuds TexteArbre(const ArbreArchive& tv)
 {
-    std::vector<std::string> noeuds;
+    Noeuds noeuds;
     for (int32_t indice = 2; indice <= tv.Nombre(); ++indice)
         noeuds.push_back(std::to_string(tv[indice].parent) + ' ' + tv[indice].texte);
     return noeuds;
 }
+
+class TestArchives : public Environnement {
+protected:
+    using Lecture = void (*)(const Fichier&, ArbreArchive&);
+
+    struct Cas {
+        const char* nom;
+        std::string octets;
+        Noeuds noeuds;
+    };
+
+    // What the reader makes of a file.
+    Noeuds Lister(Lecture lister, const char* nom) const
+    {
+        ArbreArchive tv;
+        lister(Fichier((travail_ / nom).string()), tv);
+        return TexteArbre(tv);
+    }
+
+    Noeuds ListerOctets(Lecture lister, const std::string& octets) const
+    {
+        Ecrire(travail_ / "octets", octets);
+        return Lister(lister, "octets");
+    }
+};

