@@ -265,7 +265,7 @@ void LectureListeFichiers(ArbreCatalogue& arbre, ListeFichiers& liste, IconesExt
         if (ecoute.progression && i % 256 == 0)
             ecoute.progression(static_cast<double>(i) / static_cast<double>(nombre));
 
-        ItemListe item = FaireItem(lignes, champs, EstCleArchive(cle), textes);
+        ItemListe item = FaireItem(lignes, champs, EstCleDansArchive(cle), textes);
         if (item.EstRepertoire()) {
             liste.Ajouter(item);
             arbre.Ajouter(noeud, item.cle, lignes.Texte(champs.nom), ImageRepertoire, ImageRepertoireOuvert);

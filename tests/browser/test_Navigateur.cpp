@@ -174,6 +174,7 @@ TEST_F(TestNavigateur, OuvreLesArchives)
     ASSERT_TRUE(nav_.Descendre(0));
     nav_.CliquerNoeud();
     EXPECT_EQ(Noms(), Textes{"fond.txt"});
+    EXPECT_EQ(nav_.liste[0].cellules[ColType], "Fichier Compressé");
     nav_.CliquerItem(0);
     EXPECT_EQ(nav_.description, "au fond");
     EXPECT_TRUE(EstCleDansArchive(nav_.arbre.CleSelection()));
