@@ -14,7 +14,7 @@ std::string Aiguiller(int64_t media, const LigneFichier& ligne, std::string_view
     if (branche.archive)
         ++compteurs.archives;
     if ((!branche.extraire && !branche.archive) || !branche.Voulue() || !BrancheAdmise(branche, ligne.nom, chemin) ||
-        !ligne.entree || !ligne.entree->ordinaire)
+        !ligne.entree || !ligne.entree->ordinaire || ligne.entree->taille < branche.tailleMinimale)
         return {};
 
     const Fichier fichier = ligne.parcours->Ouvrir(*ligne.entree);

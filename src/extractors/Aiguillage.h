@@ -18,6 +18,7 @@ struct Branche {
     int defaut;
     bool archive;  // its members are listed, nothing is described
     Extracteur extraire = nullptr;
+    uint64_t tailleMinimale = 0;  // bytes; smaller files have no description and are not opened
 
     // The user wants it: the setting, read anew at each call, is 1.
     bool Voulue() const;
