@@ -3,22 +3,44 @@
 #include <functional>
 #include <utility>
 
-ArbreArchive::ArbreArchive()
+ArbreArchive::ArbreArchive() : cases_(16)
 {
     noeuds_.push_back({0, "Root"});
 }
 
-size_t ArbreArchive::Hachage::operator()(const CleDossier& cle) const
+// Where the folder stands or, when it is new, belongs.
+size_t ArbreArchive::Case(int32_t parent, std::string_view nom) const
 {
-    return std::hash<std::string_view>()(cle.nom) * 31 + static_cast<size_t>(cle.parent);
+    const size_t masque = cases_.size() - 1;
+    constexpr size_t impair = 0x9E3779B97F4A7C15;
+    size_t place = (std::hash<std::string_view>()(nom) + static_cast<size_t>(parent) * impair) & masque;
+    while (cases_[place] != 0) {
+        const Noeud& noeud = (*this)[cases_[place]];
+        if (noeud.parent == parent && noeud.texte == nom)
+            break;
+        place = (place + 1) & masque;
+    }
+    return place;
+}
+
+void ArbreArchive::Agrandir()
+{
+    std::vector<int32_t> anciennes(cases_.size() * 2);
+    anciennes.swap(cases_);
+    for (const int32_t indice : anciennes)
+        if (indice != 0)
+            cases_[Case((*this)[indice].parent, (*this)[indice].texte)] = indice;
 }
 
 int32_t ArbreArchive::Dossier(int32_t parent, std::string_view nom)
 {
-    if (const auto connu = dossiers_.find({parent, nom}); connu != dossiers_.end())
-        return connu->second;
+    const size_t place = Case(parent, nom);
+    if (cases_[place] != 0)
+        return cases_[place];
     noeuds_.push_back({parent, std::string(nom)});
-    dossiers_.emplace(CleDossier{parent, noeuds_.back().texte}, Nombre());
+    cases_[place] = Nombre();
+    if (++dossiers_ > cases_.size() / 2)
+        Agrandir();
     return Nombre();
 }
 

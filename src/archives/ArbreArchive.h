@@ -5,7 +5,7 @@
 #include <deque>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 // The members of one archive as its reader leaves them, for the rows of the catalogue to be made of: nodes numbered
 // from 1, the first of which is the archive itself, "Root". A node's text without ":" is a folder; any other is a
@@ -33,15 +33,10 @@ public:
     void Membre(int32_t parent, std::string texte);
 
 private:
-    struct CleDossier {
-        int32_t parent;
-        std::string_view nom;  // in the node's own text
-        bool operator==(const CleDossier&) const = default;
-    };
-    struct Hachage {
-        size_t operator()(const CleDossier& cle) const;
-    };
+    size_t Case(int32_t parent, std::string_view nom) const;
+    void Agrandir();
 
     std::deque<Noeud> noeuds_;
-    std::unordered_map<CleDossier, int32_t, Hachage> dossiers_;
+    std::vector<int32_t> cases_;  // the folders by parent and name: open addressing, a power of two, 0 where free
+    size_t dossiers_ = 0;
 };
