@@ -29,25 +29,34 @@ void ListeFichiers::Vider()
 
 namespace {
 
-// A length takes one byte per seven bits, the lowest first; the top bit says that more follow.
+// A number takes one byte per seven bits, the lowest first; the top bit says that more follow.
+void AjouterNombre(std::string& suite, size_t nombre)
+{
+    for (; nombre >= 0x80; nombre >>= 7)
+        suite += static_cast<char>(nombre | 0x80);
+    suite += static_cast<char>(nombre);
+}
+
+size_t PrendreNombre(const char*& suite)
+{
+    size_t nombre = 0;
+    for (int decalage = 0;; decalage += 7) {
+        const auto octet = static_cast<unsigned char>(*suite++);
+        nombre |= static_cast<size_t>(octet & 0x7F) << decalage;
+        if (octet < 0x80)
+            return nombre;
+    }
+}
+
 void AjouterTexte(std::string& suite, std::string_view texte)
 {
-    size_t longueur = texte.size();
-    for (; longueur >= 0x80; longueur >>= 7)
-        suite += static_cast<char>(longueur | 0x80);
-    suite += static_cast<char>(longueur);
+    AjouterNombre(suite, texte.size());
     suite += texte;
 }
 
 std::string_view PrendreTexte(const char*& suite)
 {
-    size_t longueur = 0;
-    for (int decalage = 0;; decalage += 7) {
-        const auto octet = static_cast<unsigned char>(*suite++);
-        longueur |= static_cast<size_t>(octet & 0x7F) << decalage;
-        if (octet < 0x80)
-            break;
-    }
+    const size_t longueur = PrendreNombre(suite);
     const std::string_view texte(suite, longueur);
     suite += longueur;
     return texte;
@@ -58,21 +67,21 @@ std::string_view PrendreTexte(const char*& suite)
 void ListeFichiers::Ajouter(const ItemListe& item)
 {
     tampon_.clear();
+    AjouterNombre(tampon_, static_cast<uint32_t>(item.icone));
     AjouterTexte(tampon_, item.cle);
     for (const std::string_view cellule : item.cellules)
         AjouterTexte(tampon_, cellule);
     ordre_.push_back(static_cast<int32_t>(items_.size()));
-    items_.push_back({textes_.Ranger(tampon_).data(), item.icone});
+    items_.push_back(textes_.Ranger(tampon_).data());
 }
 
-ItemListe ListeFichiers::Deplier(const Item& item)
+ItemListe ListeFichiers::Deplier(const char* suite)
 {
     ItemListe deplie;
-    const char* suite = item.textes;
+    deplie.icone = static_cast<int32_t>(PrendreNombre(suite));
     deplie.cle = PrendreTexte(suite);
     for (std::string_view& cellule : deplie.cellules)
         cellule = PrendreTexte(suite);
-    deplie.icone = item.icone;
     return deplie;
 }
 

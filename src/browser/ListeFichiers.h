@@ -1,8 +1,8 @@
 #pragma once
 
 #include <array>
-#include <deque>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <map>
 #include <string>
@@ -46,7 +46,7 @@ struct CleItem {
 };
 CleItem AnalyserCleItem(std::string_view cle);
 
-// The entries of one directory or one search, in one compact array (some 25 bytes beside the letters for each), with
+// The entries of one directory or one search, in one compact array (some 22 bytes beside the letters for each), with
 // the order in which they are shown.
 class ListeFichiers {
 public:
@@ -74,14 +74,10 @@ public:
     uint64_t Generation() const { return generation_; }  // changes with each Vider
 
 private:
-    struct Item {
-        const char* textes;  // key and cells, the length ahead of each
-        int32_t icone;
-    };
-    static ItemListe Deplier(const Item& item);
+    static ItemListe Deplier(const char* suite);
 
-    std::deque<Item> items_;
-    std::vector<int32_t> ordre_;
+    std::deque<const char*> items_;  // icon, key and cells of each, the length ahead of each text
+    std::deque<int32_t> ordre_;
     TextesRanges textes_;
     std::string tampon_;
     std::string cleLue_;
