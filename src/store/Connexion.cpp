@@ -33,25 +33,14 @@ int Pas(void*)
     return interruption && interruption->Demandee();
 }
 
-// Names sorted together often begin alike: the common part is skipped up to its last letter, which may carry an accent
-// of its own behind it.
 int Comparer(void*, int longueurGauche, const void* octetsGauche, int longueurDroite, const void* octetsDroite)
 {
     // The engine sorts in one step of its machine, without asking for the progress.
     thread_local unsigned comparaisons = 0;
     if (++comparaisons % ComparaisonsParPas == 0)
         Pas(nullptr);
-    std::string_view gauche(static_cast<const char*>(octetsGauche), static_cast<size_t>(longueurGauche));
-    std::string_view droite(static_cast<const char*>(octetsDroite), static_cast<size_t>(longueurDroite));
-    size_t commun = 0;
-    const size_t limite = std::min(gauche.size(), droite.size());
-    while (commun < limite && gauche[commun] == droite[commun] && static_cast<unsigned char>(gauche[commun]) < 0x80)
-        ++commun;
-    if (commun > 1) {
-        gauche.remove_prefix(commun - 1);
-        droite.remove_prefix(commun - 1);
-    }
-    return ComparerFrancais(gauche, droite);
+    return ComparerFrancais({static_cast<const char*>(octetsGauche), static_cast<size_t>(longueurGauche)},
+                            {static_cast<const char*>(octetsDroite), static_cast<size_t>(longueurDroite)});
 }
 
 std::string_view Argument(sqlite3_value* valeur)
