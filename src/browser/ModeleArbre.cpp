@@ -5,6 +5,7 @@
 #include <QColor>
 
 #include "browser/ModeleImages.h"
+#include "shell/FenetreTextes.h"
 
 ModeleArbre::ModeleArbre(const ArbreCatalogue& arbre, ModeleImages& images, QObject* parent)
     : QAbstractItemModel(parent), arbre_(arbre), images_(images)
@@ -115,7 +116,7 @@ QVariant ModeleArbre::data(const QModelIndex& index, int role) const
     const ArbreCatalogue::Noeud& n = arbre_[noeud];
     switch (role) {
         case Qt::DisplayRole:
-        case Qt::AccessibleTextRole: return QString::fromUtf8(n.texte.data(), static_cast<qsizetype>(n.texte.size()));
+        case Qt::AccessibleTextRole: return EnQString(n.texte);
         case Qt::DecorationRole: {
             const QIcon icone = images_.DuNoeud(arbre_, noeud);
             return icone.isNull() ? QVariant() : icone;

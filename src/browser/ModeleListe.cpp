@@ -6,6 +6,7 @@
 #include <QIcon>
 
 #include "shell/FenetrePlace.h"
+#include "shell/FenetreTextes.h"
 
 ModeleListe::ModeleListe(ListeFichiers& liste, ModeleImages& images, QObject* parent)
     : QAbstractTableModel(parent), liste_(liste), images_(images)
@@ -68,8 +69,7 @@ QVariant ModeleListe::data(const QModelIndex& index, int role) const
         return {};
     if (role == Qt::ToolTipRole && index.column() != ColNom)
         return {};
-    const std::string_view texte = item.cellules[static_cast<size_t>(index.column())];
-    return QString::fromUtf8(texte.data(), static_cast<qsizetype>(texte.size()));
+    return EnQString(item.cellules[static_cast<size_t>(index.column())]);
 }
 
 QVariant ModeleListe::headerData(int section, Qt::Orientation sens, int role) const

@@ -129,7 +129,8 @@ void frmView::ChargerArbre(const std::function<void(double)>& progression)
 void frmView::Occuper(bool occupe)
 {
     tvTreeView_->setEnabled(!occupe);
-    for (QAction* action : {repert_[0], repert_[1], repert_[2], repert_[3], supprimer_, ajouter_, rechercher_, preferences_})
+    for (QAction* action :
+         {repert_[0], repert_[1], repert_[2], repert_[3], supprimer_, ajouter_, rechercher_, preferences_})
         action->setEnabled(!occupe);
 }
 
