@@ -17,21 +17,25 @@
 
 #include <fmt/format.h>
 
-#include "browser/ArbreCatalogue.h"
-#include "browser/ListeFichiers.h"
+#include "catalogue/ArbreCatalogue.h"
+#include "catalogue/ListeFichiers.h"
 #include "extraction/AjouterFichierZip.h"
 #include "extraction/Extraction.h"
 #include "extraction/VerifierCatalogue.h"
 #include "extractors/Aiguillage.h"
 #include "platform/Chemins.h"
-#include "platform/Fichiers.h"
+#include "platform/OperationsFichiers.h"
 #include "platform/Lecteurs.h"
-#include "platform/Texte.h"
+#include "commun/Texte.h"
 #include "search/RechercheLabel.h"
-#include "shell/Textes.h"
+#include "commun/Formes.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
+#include "catalogue/Cles.h"
+#include "browser/ChargerArbre.h"
+#include "browser/LectureListeFichiers.h"
+#include "archives/ListerArchive.h"
 
 namespace fs = std::filesystem;
 using Arguments = std::vector<std::string>;

@@ -6,7 +6,8 @@
 #include <cstdlib>
 
 #include "extraction/AjouterFichierZip.h"
-#include "platform/Texte.h"
+#include "commun/Texte.h"
+#include "archives/ListerArchive.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* octets, size_t taille)
 {

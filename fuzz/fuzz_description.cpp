@@ -7,7 +7,7 @@
 #include <string>
 
 #include "extractors/Aiguillage.h"
-#include "platform/Texte.h"
+#include "commun/Texte.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* octets, size_t taille)
 {

@@ -2,8 +2,9 @@
 
 #include <string>
 
-#include "platform/Texte.h"
-#include "shell/Textes.h"
+#include "commun/Formes.h"
+#include "commun/Texte.h"
+#include "platform/FormesLocales.h"
 
 void AccrocherMembre(std::string_view nom, uint32_t taille, ArbreArchive& tv)
 {

@@ -1,7 +1,7 @@
 #include "archives/EntetesRar4.h"
 
 #include "archives/ChampsRar.h"
-#include "platform/Texte.h"
+#include "commun/Texte.h"
 
 namespace {
 

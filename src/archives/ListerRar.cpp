@@ -3,7 +3,8 @@
 #include <fmt/format.h>
 
 #include "archives/Rar.h"
-#include "shell/Textes.h"
+#include "commun/Formes.h"
+#include "platform/FormesLocales.h"
 #include "store/CycleBase.h"
 
 void ListerRar(const Fichier& fichier, ArbreArchive& tv)

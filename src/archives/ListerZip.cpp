@@ -9,9 +9,10 @@
 
 #include <fmt/format.h>
 
+#include "commun/Formes.h"
+#include "commun/Texte.h"
+#include "platform/FormesLocales.h"
 #include "platform/LecteurOctets.h"
-#include "platform/Texte.h"
-#include "shell/Textes.h"
 #include "store/CycleBase.h"
 
 namespace {

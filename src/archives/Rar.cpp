@@ -4,7 +4,7 @@
 
 #include "archives/EntetesRar4.h"
 #include "archives/EntetesRar5.h"
-#include "platform/Texte.h"
+#include "commun/Texte.h"
 
 namespace {
 

@@ -1,10 +1,12 @@
+#include "browser/ChargerArbre.h"
+
 #include <algorithm>
 #include <array>
 #include <utility>
 
-#include "browser/ArbreCatalogue.h"
+#include "catalogue/Cles.h"
+#include "commun/Formes.h"
 #include "platform/Ceder.h"
-#include "shell/Textes.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
@@ -13,15 +15,6 @@ namespace {
 
 constexpr char Separateur = ';';
 constexpr char SeparateurChamps = '#';
-
-// The next piece of a text and what is left behind its separator.
-std::string_view Detacher(std::string_view& reste, char separateur)
-{
-    const size_t fin = reste.find(separateur);
-    const std::string_view morceau = reste.substr(0, fin);
-    reste.remove_prefix(fin == std::string_view::npos ? reste.size() : fin + 1);
-    return morceau;
-}
 
 // A type outside the table leaves the picture of the media read before: meant so.
 void ChoisirImage(std::string_view type, int16_t& image)
@@ -128,68 +121,4 @@ bool ChargerArbre(ArbreCatalogue& arbre, const EcouteChargement& ecoute)
         AjouterElements(arbre, medias.Texte("Tree"));
     }
     return true;
-}
-
-std::string SeparerPhoto(std::string_view description, std::string& photo)
-{
-    constexpr std::string_view debut = "<photo>", fin = "</photo>";
-    if (description.find(debut) == std::string_view::npos)
-        return std::string(description);
-    const size_t place = description.find(fin);
-    if (place == std::string_view::npos)  // a block that never ends: no path
-        return std::string(description.substr(std::min(description.size(), fin.size() - 1)));
-
-    photo = description.substr(0, place);
-    for (size_t i = photo.find(debut); i != std::string::npos; i = photo.find(debut))
-        photo.erase(i, debut.size());
-    return std::string(description.substr(place + fin.size()));
-}
-
-std::string LireDescriptionNoeud(const ArbreCatalogue& arbre, std::string& photo)
-{
-    photo.clear();
-    const int32_t noeud = arbre.Selection();
-    if (noeud == ArbreCatalogue::Aucun || arbre[noeud].parent == ArbreCatalogue::Aucun)
-        return {};
-
-    Base base = OpenDatabase(BaseCourante());
-    Recordset lignes;
-    if (arbre.EstMedia(noeud)) {
-        const CleNoeud cle = AnalyserCle(arbre[noeud].cle);
-        lignes = base.OpenRecordset("Select * from Liste where RepertoirePere = '" + cle.code +
-                                    "' and NCatalogue = " + cle.catalogue + " order by nom asc");
-    } else {
-        const std::string cleParent(arbre[arbre[noeud].parent].cle);
-        const CleNoeud parent = AnalyserCle(cleParent);
-        const std::string debut = "Select * from Liste where Répertoire= '" +
-                                  (parent.archive ? cleParent : parent.code) + "' and NCatalogue = " + parent.catalogue;
-        const std::string fin = std::string(arbre[noeud].texte) + "' order by nom asc";
-        lignes = base.OpenRecordset(debut + " and Nom = '" + fin);
-        if (lignes.Eof())
-            lignes = base.OpenRecordset(debut + " and Alias = '" + fin);
-    }
-    if (lignes.Eof() || lignes.EstNul("Description"))
-        return {};
-    return SeparerPhoto(lignes.Texte("Description"), photo);
-}
-
-std::string TexteArbre(const ArbreCatalogue& arbre, int64_t numero)
-{
-    const std::string prefixe = Str(numero) + '-';
-    std::string texte;
-    for (int32_t i = 0; i < arbre.Nombre(); ++i) {
-        const ArbreCatalogue::Noeud& noeud = arbre[i];
-        if (!noeud.cle.starts_with(prefixe))
-            continue;
-        if (!arbre.EstMedia(i))
-            texte += Separateur;
-        texte.append(arbre[noeud.parent].cle).append(1, SeparateurChamps).append(noeud.cle);
-        texte.append(1, SeparateurChamps).append(noeud.texte);
-    }
-    return texte;
-}
-
-bool EcrireArbre(const ArbreCatalogue& arbre, int64_t numero)
-{
-    return ModifierCatalogue(numero, true, TexteArbre(arbre, numero));
 }

@@ -1,6 +1,6 @@
 #include "browser/CommandesBase.h"
 
-#include "platform/Fichiers.h"
+#include "platform/OperationsFichiers.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "shell/Dialogues.h"
+#include "commun/Dialogues.h"
 
 // What the user does to whole bases. Each returns true when another base has become current; the tree must then be
 // loaded anew.

@@ -4,10 +4,10 @@
 
 #include <QColor>
 
-#include "browser/ModeleImages.h"
-#include "shell/FenetreTextes.h"
+#include "browser/ImagesCatalogue.h"
+#include "fenetres/TextesQt.h"
 
-ModeleArbre::ModeleArbre(const ArbreCatalogue& arbre, ModeleImages& images, QObject* parent)
+ModeleArbre::ModeleArbre(const ArbreCatalogue& arbre, ImagesCatalogue& images, QObject* parent)
     : QAbstractItemModel(parent), arbre_(arbre), images_(images)
 {
 }

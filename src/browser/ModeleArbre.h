@@ -5,13 +5,13 @@
 
 #include <QAbstractItemModel>
 
-#include "browser/ArbreCatalogue.h"
-#include "browser/ModeleImages.h"
+#include "browser/ImagesCatalogue.h"
+#include "catalogue/ArbreCatalogue.h"
 
 // Shows the catalogue tree to a view. Children are counted out only below nodes that the view has asked about.
 class ModeleArbre : public QAbstractItemModel {
 public:
-    ModeleArbre(const ArbreCatalogue& arbre, ModeleImages& images, QObject* parent);
+    ModeleArbre(const ArbreCatalogue& arbre, ImagesCatalogue& images, QObject* parent);
 
     // Hides everything while the tree is being filled, and shows it again.
     void Retirer();
@@ -35,7 +35,7 @@ private:
     const std::vector<int32_t>& Enfants(int32_t noeud) const;
 
     const ArbreCatalogue& arbre_;
-    ModeleImages& images_;
+    ImagesCatalogue& images_;
     bool visible_ = false;
     mutable std::unordered_map<int32_t, std::vector<int32_t>> enfants_;
 };

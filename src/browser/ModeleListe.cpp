@@ -5,10 +5,10 @@
 #include <QHeaderView>
 #include <QIcon>
 
-#include "shell/FenetrePlace.h"
-#include "shell/FenetreTextes.h"
+#include "fenetres/Place.h"
+#include "fenetres/TextesQt.h"
 
-ModeleListe::ModeleListe(ListeFichiers& liste, ModeleImages& images, QObject* parent)
+ModeleListe::ModeleListe(ListeFichiers& liste, ImagesCatalogue& images, QObject* parent)
     : QAbstractTableModel(parent), liste_(liste), images_(images)
 {
 }

@@ -2,15 +2,15 @@
 
 #include <QAbstractTableModel>
 
-#include "browser/ListeFichiers.h"
-#include "browser/ModeleImages.h"
+#include "browser/ImagesCatalogue.h"
+#include "catalogue/ListeFichiers.h"
 
 class QHeaderView;
 
 // Shows the file list to its views.
 class ModeleListe : public QAbstractTableModel {
 public:
-    ModeleListe(ListeFichiers& liste, ModeleImages& images, QObject* parent);
+    ModeleListe(ListeFichiers& liste, ImagesCatalogue& images, QObject* parent);
 
     // Hides everything while the list is being filled, and shows it again.
     void Retirer();
@@ -26,7 +26,7 @@ public:
 
 private:
     ListeFichiers& liste_;
-    ModeleImages& images_;
+    ImagesCatalogue& images_;
     int nombre_ = 0;
 };
 

@@ -2,7 +2,10 @@
 
 #include <utility>
 
-#include "shell/Textes.h"
+#include "browser/LectureListeFichiers.h"
+#include "catalogue/Cles.h"
+#include "catalogue/Descriptions.h"
+#include "commun/Formes.h"
 
 void Navigateur::ColorerMedia(int32_t noeud, uint32_t couleur)
 {

@@ -3,8 +3,9 @@
 #include <functional>
 #include <string>
 
-#include "browser/ArbreCatalogue.h"
-#include "browser/ListeFichiers.h"
+#include "browser/LectureListeFichiers.h"
+#include "catalogue/ArbreCatalogue.h"
+#include "catalogue/ListeFichiers.h"
 
 // What the browser window shows, without its widgets: tree, list, title, status and description, and what clicks do to
 // them.

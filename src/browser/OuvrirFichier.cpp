@@ -2,10 +2,12 @@
 
 #include <algorithm>
 
+#include "catalogue/Cles.h"
+#include "commun/Formes.h"
 #include "extraction/bsDrive.h"
 #include "platform/Bureau.h"
 #include "platform/Chemins.h"
-#include "shell/Textes.h"
+#include "platform/FormesLocales.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
 

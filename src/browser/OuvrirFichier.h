@@ -3,24 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "browser/ArbreCatalogue.h"
-#include "browser/ListeFichiers.h"
-#include "shell/Dialogues.h"
-
-// What the drive chooser shows of the media that is wanted.
-struct MediaDemande {
-    std::string label, identifiant;
-    std::string icone;   // bytes of an icon file, empty when the media has none of its own
-    std::string invite;  // " L'unité actuelle : D:"
-};
-
-// Asks in which drive the media now lies.
-class ChoixLecteur {
-public:
-    virtual ~ChoixLecteur() = default;
-    // A letter of any case; 0 when the user gives up.
-    virtual char Choisir(const MediaDemande& media) = 0;
-};
+#include "catalogue/ArbreCatalogue.h"
+#include "catalogue/ListeFichiers.h"
+#include "commun/Dialogues.h"
+#include "extraction/ChoixLecteur.h"
 
 // A catalogued entry: its media and the names that lead to it from the top of the media, as they were read there.
 struct EntreeCataloguee {

@@ -17,10 +17,13 @@
 #include <QStatusBar>
 #include <QTreeView>
 
+#include "browser/ChargerArbre.h"
 #include "browser/CommandesBase.h"
-#include "browser/FenetreGrille.h"
-#include "shell/FenetrePlace.h"
-#include "shell/FenetreTextes.h"
+#include "browser/LectureListeFichiers.h"
+#include "catalogue/Cles.h"
+#include "fenetres/DelegueGrille.h"
+#include "fenetres/Place.h"
+#include "fenetres/TextesQt.h"
 #include "shell/FrmOptions.h"
 #include "shell/Options.h"
 #include "store/CycleBase.h"

@@ -7,14 +7,15 @@
 #include <QMainWindow>
 #include <QTimer>
 
+#include "browser/ChargerArbre.h"
+#include "browser/ImagesCatalogue.h"
 #include "browser/ModeleArbre.h"
-#include "browser/ModeleImages.h"
 #include "browser/ModeleListe.h"
 #include "browser/Navigateur.h"
 #include "browser/OuvrirFichier.h"
-#include "shell/Dialogues.h"
+#include "commun/Dialogues.h"
 
-class FenetreGrille;
+class DelegueGrille;
 class QAbstractItemView;
 class QActionGroup;
 class QLabel;
@@ -92,7 +93,7 @@ private:
 
     Dialogues& dialogues_;
     Navigateur navigateur_;
-    ModeleImages images_;
+    ImagesCatalogue images_;
     ModeleArbre* modeleArbre_;
     ModeleListe* modeleListe_;
     bool enChargement_ = false;
@@ -100,7 +101,7 @@ private:
 
     QTreeView* tvTreeView_ = nullptr;
     QTreeView* lvRapport_ = nullptr;
-    FenetreGrille* grille_ = nullptr;
+    DelegueGrille* grille_ = nullptr;
     QListView* lvIcones_ = nullptr;
     QStackedWidget* lvListView_ = nullptr;
     QPlainTextEdit* description_ = nullptr;

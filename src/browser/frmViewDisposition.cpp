@@ -16,9 +16,9 @@
 #include <QTreeView>
 
 #include "browser/CommandesBase.h"
-#include "browser/FenetreGrille.h"
 #include "browser/frmView.h"
-#include "shell/FenetrePlace.h"
+#include "fenetres/DelegueGrille.h"
+#include "fenetres/Place.h"
 #include "store/Reglages.h"
 
 QAction* frmView::CreerAction(const char* texte, const char* image, const QKeySequence& touches)
@@ -167,7 +167,7 @@ void frmView::CreerVues()
     lvRapport_->setRootIsDecorated(false);
     lvRapport_->setUniformRowHeights(true);
     lvRapport_->setAllColumnsShowFocus(true);
-    grille_ = new FenetreGrille(lvRapport_);
+    grille_ = new DelegueGrille(lvRapport_);
     lvRapport_->setItemDelegate(grille_);
     QHeaderView* entete = lvRapport_->header();
     PreparerColonnes(*entete);

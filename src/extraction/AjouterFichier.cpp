@@ -1,8 +1,9 @@
 #include "extraction/AjouterFichier.h"
 
+#include "catalogue/Cles.h"
+#include "commun/Formes.h"
 #include "extraction/AjouterFichierZip.h"
 #include "extractors/Aiguillage.h"
-#include "shell/Textes.h"
 
 namespace {
 

@@ -4,30 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "archives/ConstruireTv.h"
-#include "archives/ListerArj.h"
-#include "archives/ListerLha.h"
-#include "archives/ListerRar.h"
-#include "archives/ListerZip.h"
-#include "shell/Textes.h"
+#include "archives/ListerArchive.h"
+#include "commun/Formes.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
 
 namespace {
-
-struct Lecteur {
-    std::string_view extension;
-    void (*lister)(const Fichier&, ArbreArchive&);
-};
-
-// To add a kind of archive, name its reader here and its extension in the dispatch.
-constexpr Lecteur Lecteurs[] = {
-    {"zip", [](const Fichier& fichier, ArbreArchive& tv) { ConstruireTv(ListerZip(fichier), tv); }},
-    {"arj", ListerArj},
-    {"lha", ListerLha},
-    {"lzh", ListerLha},
-    {"rar", ListerRar},
-};
 
 // The fields of a member; missing ones are blank. Of four fields the last is the time, else the fifth.
 struct Membre {
@@ -95,15 +77,6 @@ private:
 };
 
 }  // namespace
-
-ArbreArchive ListerArchive(const Fichier& fichier, std::string_view extension)
-{
-    ArbreArchive tv;
-    for (const Lecteur& lecteur : Lecteurs)
-        if (lecteur.extension == extension)
-            lecteur.lister(fichier, tv);
-    return tv;
-}
 
 void AjouterFichierZip(const ArchiveOuverte& archive)
 {

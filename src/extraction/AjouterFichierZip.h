@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <string_view>
 
-#include "archives/ArbreArchive.h"
 #include "platform/Fichier.h"
 
 // An archive met by a run, whose own row is still pending.
@@ -17,6 +16,3 @@ struct ArchiveOuverte {
 // Lists the members of an archive of any kind and writes a row for each, folders among them, into the run's open base.
 // A run that is given up stops it between two members.
 void AjouterFichierZip(const ArchiveOuverte& archive);
-
-// The tree of an archive's members, by the reader of its extension; the root alone for an extension without reader.
-ArbreArchive ListerArchive(const Fichier& fichier, std::string_view extension);

@@ -5,9 +5,11 @@
 #include <optional>
 #include <vector>
 
+#include "catalogue/Cles.h"
+#include "commun/Formes.h"
+#include "commun/Texte.h"
+#include "platform/FormesLocales.h"
 #include "platform/Locale.h"
-#include "platform/Texte.h"
-#include "shell/Textes.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
 #include "store/IndexNoms.h"

@@ -1,6 +1,6 @@
 #include "extraction/FiltreFichiers.h"
 
-#include "store/TraduireSql.h"
+#include "commun/Motif.h"
 
 const std::vector<FiltreFichiers>& FiltresFichiers()
 {

@@ -12,9 +12,9 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "extraction/FenetreImagesLecteur.h"
 #include "extraction/VerifierCatalogue.h"
 #include "extraction/bsDrive.h"
+#include "fenetres/ImagesLecteur.h"
 #include "platform/Lecteurs.h"
 
 FrmGetDrive::FrmGetDrive(const MediaDemande& media, QWidget* parent)

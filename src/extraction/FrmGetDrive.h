@@ -5,7 +5,7 @@
 
 #include <QDialog>
 
-#include "browser/OuvrirFichier.h"
+#include "extraction/ChoixLecteur.h"
 
 class QTreeWidget;
 

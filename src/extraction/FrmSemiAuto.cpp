@@ -18,18 +18,18 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "extraction/FenetreAnimation.h"
-#include "extraction/FenetreImagesLecteur.h"
-#include "extraction/FenetreOnglets.h"
+#include "commun/Formes.h"
+#include "commun/Texte.h"
+#include "extraction/Animation.h"
 #include "extraction/FiltreFichiers.h"
 #include "extraction/FrmResultat.h"
+#include "extraction/RangeeOnglets.h"
 #include "extraction/VerifierCatalogue.h"
+#include "fenetres/Etiquette.h"
+#include "fenetres/ImagesLecteur.h"
+#include "fenetres/Place.h"
 #include "platform/Lecteurs.h"
 #include "platform/Parcours.h"
-#include "platform/Texte.h"
-#include "shell/FenetreEtiquette.h"
-#include "shell/FenetrePlace.h"
-#include "shell/Textes.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
@@ -123,9 +123,9 @@ FrmSemiAuto::~FrmSemiAuto()
 QWidget* FrmSemiAuto::CreerMedias()
 {
     medias_ = new QGroupBox("Médias");
-    menu_ = new FenetreOnglets("Aucun support amovible");
+    menu_ = new RangeeOnglets("Aucun support amovible");
     menu_->setObjectName("Menu");
-    connect(menu_, &FenetreOnglets::Presse, this, [this](int numero) { PresserOnglet(menu_, numero); });
+    connect(menu_, &RangeeOnglets::Presse, this, [this](int numero) { PresserOnglet(menu_, numero); });
     auto* actualiser = new QPushButton("Act&ualiser");
     actualiser->setObjectName("Actualiser");
     connect(actualiser, &QPushButton::clicked, this, [this] {
@@ -156,7 +156,7 @@ QWidget* FrmSemiAuto::CreerInformations()
     grille->addWidget(image_, 0, 0, 3, 1, Qt::AlignTop);
 
     grille->addWidget(new QLabel("Catalogue :"), 0, 1);
-    auto* catalogue = new FenetreEtiquette;
+    auto* catalogue = new Etiquette;
     catalogue->setText(QString::fromStdString(BaseCourante()));
     catalogue->setToolTip(catalogue->text());
     grille->addWidget(catalogue, 0, 2);
@@ -207,7 +207,7 @@ QWidget* FrmSemiAuto::CreerAvancement()
     auto* cadre = new QWidget;
     auto* grille = new QGridLayout(cadre);
     grille->setContentsMargins(0, 0, 0, 0);
-    animation_ = new FenetreAnimation;
+    animation_ = new Animation;
     grille->addWidget(animation_, 0, 0, 2, 1);
     repertoires_ = new QLabel;
     repertoires_->setObjectName("Repertoires");
@@ -238,7 +238,7 @@ QWidget* FrmSemiAuto::CreerAvancement()
     grille->addWidget(pourcentage_, 1, 4);
     Garder(progression_);
     Garder(pourcentage_);
-    ligne_ = new FenetreEtiquette;
+    ligne_ = new Etiquette;
     ligne_->setObjectName("Ligne");
     grille->addWidget(ligne_, 2, 0, 1, 5);
     return cadre;
@@ -249,9 +249,9 @@ QWidget* FrmSemiAuto::CreerDetails()
     details_ = new QWidget;
     details_->setObjectName("Details");
     disques_ = new QGroupBox("Disques ...");
-    menuA_ = new FenetreOnglets("Aucun disque");
+    menuA_ = new RangeeOnglets("Aucun disque");
     menuA_->setObjectName("MenuA");
-    connect(menuA_, &FenetreOnglets::Presse, this, [this](int numero) { PresserOnglet(menuA_, numero); });
+    connect(menuA_, &RangeeOnglets::Presse, this, [this](int numero) { PresserOnglet(menuA_, numero); });
     auto* rangee = new QHBoxLayout(disques_);
     rangee->addWidget(menuA_);
 
@@ -339,7 +339,7 @@ void FrmSemiAuto::Actualiser()
     if (choix == AucunOnglet)
         choix = "0";
     const size_t a = choix.find('A');
-    FenetreOnglets* rangee = a == std::string::npos ? menu_ : menuA_;
+    RangeeOnglets* rangee = a == std::string::npos ? menu_ : menuA_;
     const int numero = std::atoi(choix.c_str() + (a == std::string::npos ? 0 : a + 1));
     if (numero >= 0 && numero < rangee->Nombre() && (rangee == menu_ || DetailsMontres()))
         PresserOnglet(rangee, numero);
@@ -351,10 +351,10 @@ void FrmSemiAuto::Actualiser()
         AfficherLecteur(LecteurInexistant);
 }
 
-void FrmSemiAuto::PresserOnglet(FenetreOnglets* rangee, int numero)
+void FrmSemiAuto::PresserOnglet(RangeeOnglets* rangee, int numero)
 {
     ok_->setEnabled(true);
-    (rangee == menu_ ? menuA_ : menu_)->Choisir(FenetreOnglets::Aucun);
+    (rangee == menu_ ? menuA_ : menu_)->Choisir(RangeeOnglets::Aucun);
     rangee->Choisir(numero);
     SaveSetting(SectionSettings, "Drive", (rangee == menuA_ ? "A" : "") + std::to_string(numero));
 
@@ -392,13 +392,13 @@ void FrmSemiAuto::ChoisirDossier()
         return;
     }
     RemplirOnglets();
-    if (menu_->Position(lettre) != FenetreOnglets::Aucun) {
+    if (menu_->Position(lettre) != RangeeOnglets::Aucun) {
         PresserOnglet(menu_, menu_->Position(lettre));
         return;
     }
     if (!DetailsMontres())
         BasculerEtapes();
-    if (menuA_->Position(lettre) != FenetreOnglets::Aucun)
+    if (menuA_->Position(lettre) != RangeeOnglets::Aucun)
         PresserOnglet(menuA_, menuA_->Position(lettre));
 }
 
@@ -431,9 +431,9 @@ void FrmSemiAuto::BasculerEtapes()
         return;
     }
     // A hidden pane must not leave a drive chosen that the user no longer sees.
-    if (menu_->Choisi() != FenetreOnglets::Aucun)
+    if (menu_->Choisi() != RangeeOnglets::Aucun)
         return;
-    menuA_->Choisir(FenetreOnglets::Aucun);
+    menuA_->Choisir(RangeeOnglets::Aucun);
     if (menu_->Nombre() > 0) {
         PresserOnglet(menu_, 0);
         return;

@@ -8,13 +8,13 @@
 #include <QTimer>
 #include <QWidget>
 
+#include "commun/Dialogues.h"
 #include "extraction/Extraction.h"
 #include "extraction/bsDrive.h"
-#include "shell/Dialogues.h"
 
-class FenetreAnimation;
-class FenetreEtiquette;
-class FenetreOnglets;
+class Animation;
+class Etiquette;
+class RangeeOnglets;
 class QCheckBox;
 class QComboBox;
 class QGroupBox;
@@ -54,7 +54,7 @@ private:
 
     void RemplirOnglets();
     void Actualiser();
-    void PresserOnglet(FenetreOnglets* rangee, int numero);
+    void PresserOnglet(RangeeOnglets* rangee, int numero);
     void AfficherLecteur(uint32_t type);
     void ChoisirDossier();
 
@@ -89,8 +89,8 @@ private:
     FinExtraction fin_ = FinExtraction::Complete;  // the worker's until finie_ is set
     QTimer suivi_;
 
-    FenetreOnglets* menu_;
-    FenetreOnglets* menuA_;
+    RangeeOnglets* menu_;
+    RangeeOnglets* menuA_;
     QGroupBox* medias_;
     QGroupBox* disques_;
     QGroupBox* compressions_;
@@ -105,11 +105,11 @@ private:
     QCheckBox* compression_[4];
     QComboBox* listeExtensions_;
     QListWidget* liste_;
-    FenetreAnimation* animation_;
+    Animation* animation_;
     QLabel* repertoires_;
     QLabel* fichiers_;
     QLabel* descriptions_;
     QProgressBar* progression_;
     QLabel* pourcentage_;
-    FenetreEtiquette* ligne_;
+    Etiquette* ligne_;
 };

@@ -1,6 +1,8 @@
 #include "extraction/VerifierCatalogue.h"
 
-#include "shell/Textes.h"
+#include "commun/Formes.h"
+#include "platform/FormesLocales.h"
+#include "platform/OperationsFichiers.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
 

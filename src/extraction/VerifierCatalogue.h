@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "commun/Dialogues.h"
 #include "extraction/bsDrive.h"
-#include "shell/Dialogues.h"
 
 // What the user typed and what is known of the drive.
 struct DemandeMedia {

@@ -4,9 +4,10 @@
 
 #include <fmt/format.h>
 
+#include "commun/Formes.h"
+#include "commun/Texte.h"
+#include "platform/FormesLocales.h"
 #include "platform/Lecteurs.h"
-#include "platform/Texte.h"
-#include "shell/Textes.h"
 
 namespace {
 

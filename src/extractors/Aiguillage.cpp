@@ -1,5 +1,6 @@
 #include "extractors/Aiguillage.h"
 
+#include "commun/Texte.h"
 #include "extractors/DecrireImage.h"
 #include "extractors/DecrireLBM.h"
 #include "extractors/DecrireOgg.h"
@@ -7,7 +8,6 @@
 #include "extractors/DecrireTGA.h"
 #include "extractors/ExtraireDescription.h"
 #include "extractors/LireVersionFichier.h"
-#include "platform/Texte.h"
 #include "store/Reglages.h"
 
 namespace {

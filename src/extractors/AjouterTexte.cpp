@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "commun/Texte.h"
 #include "platform/LecteurOctets.h"
-#include "platform/Texte.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <array>
 #include <cstdint>
 
+#include "commun/Texte.h"
 #include "platform/LecteurOctets.h"
-#include "platform/Texte.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "commun/Texte.h"
 #include "platform/LecteurOctets.h"
-#include "platform/Texte.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <iterator>
 
-#include "shell/Textes.h"
+#include "commun/Formes.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include <string_view>
 #include <utility>
 
+#include "commun/Formes.h"
+#include "commun/Texte.h"
 #include "extractors/RessourceVersion.h"
-#include "platform/Texte.h"
-#include "shell/Textes.h"
 
 namespace {
 

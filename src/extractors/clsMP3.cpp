@@ -8,10 +8,11 @@
 #include <string_view>
 #include <vector>
 
+#include "commun/Formes.h"
+#include "commun/Texte.h"
 #include "extractors/GenresID3.h"
+#include "platform/FormesLocales.h"
 #include "platform/LecteurOctets.h"
-#include "platform/Texte.h"
-#include "shell/Textes.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include <thread>
 
 #include "platform/Chemins.h"
-#include "platform/Fichiers.h"
+#include "platform/OperationsFichiers.h"
 
 namespace {
 // An absolute path is neither an option nor a web address to the opener.

@@ -9,9 +9,9 @@
 #include <filesystem>
 #include <system_error>
 
+#include "commun/Texte.h"
 #include "platform/Descripteur.h"
 #include "platform/Lecteurs.h"
-#include "platform/Texte.h"
 
 namespace {
 std::string DossierPersonnel()

@@ -20,11 +20,11 @@
 
 #include <fmt/format.h>
 
+#include "commun/Texte.h"
 #include "platform/Chemins.h"
 #include "platform/Descripteur.h"
-#include "platform/Fichiers.h"
 #include "platform/MontagesMachine.h"
-#include "platform/Texte.h"
+#include "platform/OperationsFichiers.h"
 
 namespace fs = std::filesystem;
 
@@ -465,4 +465,10 @@ char LettreDuDossier(const std::string& dossier)
             return DonnerLettre(lettre, voulu) ? lettre : char{0};
     }
     return 0;
+}
+
+bool EstVolumeNonFat(char lettre)
+{
+    VolumeLecteur volume;
+    return VolumeDuLecteur(lettre, volume) && !Majuscules(volume.systeme).starts_with("FAT");
 }

@@ -52,6 +52,9 @@ uint32_t TypeDuLecteur(char lettre);
 bool EspaceDuLecteur(char lettre, EspaceLecteur& espace);
 bool VolumeDuLecteur(char lettre, VolumeLecteur& volume);
 
+// True when the drive's file system is known and no FAT.
+bool EstVolumeNonFat(char lettre);
+
 // Gives the mounted volume its label where its file system lets a user do so; false otherwise.
 bool NommerVolume(char lettre, const std::string& nom);
 

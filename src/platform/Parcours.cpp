@@ -12,10 +12,10 @@
 #include <cstring>
 #include <vector>
 
+#include "commun/Texte.h"
 #include "platform/Descripteur.h"
 #include "platform/Lecteurs.h"
 #include "platform/MontagesMachine.h"
-#include "platform/Texte.h"
 
 namespace {
 constexpr size_t tailleTampon = 128 * 1024;

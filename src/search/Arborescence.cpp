@@ -3,8 +3,10 @@
 #include <set>
 #include <vector>
 
+#include "catalogue/Cles.h"
+#include "catalogue/Descriptions.h"
+#include "commun/Formes.h"
 #include "search/RechercheLabel.h"
-#include "shell/Textes.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "browser/ArbreCatalogue.h"
-#include "browser/ListeFichiers.h"
+#include "catalogue/ArbreCatalogue.h"
+#include "catalogue/ListeFichiers.h"
 
 // Adds to the tree the directories that lead to a result and that it lacks, by their names on the medium. Returns the
 // node of the result (a directory itself, or the one that holds the file); Aucun when there is no way to it.

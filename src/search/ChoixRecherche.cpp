@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/Texte.h"
-#include "shell/Textes.h"
+#include "commun/Formes.h"
+#include "commun/Texte.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"

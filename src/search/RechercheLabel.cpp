@@ -8,26 +8,12 @@
 
 #include <fmt/ranges.h>
 
+#include "catalogue/Cles.h"
+#include "commun/Formes.h"
 #include "platform/Ceder.h"
-#include "shell/Textes.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
 #include "store/IndexNoms.h"
-
-CleResultat AnalyserCleResultat(std::string_view cle)
-{
-    const size_t tiret = cle.find('-'), diese = cle.find('#');
-    if (tiret == cle.npos || diese == cle.npos || diese < tiret)
-        return {};
-    CleResultat resultat;
-    resultat.noeud = cle.substr(0, diese);
-    if (EstCleArchive(cle.substr(tiret + 1)))
-        resultat.noeud.erase(0, tiret + 1);
-    resultat.item = std::string(cle.substr(0, tiret + 1)).append(cle.substr(diese + 1));
-    resultat.catalogue = Trim(cle.substr(0, tiret));
-    resultat.ligne = Trim(cle.substr(diese + 1));
-    return resultat;
-}
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "search/Requete.h"
 
-#include "platform/Texte.h"
-#include "shell/Textes.h"
+#include "commun/Formes.h"
+#include "commun/Texte.h"
 
 namespace {
 

@@ -21,12 +21,13 @@
 #include <QTreeView>
 
 #include "browser/frmView.h"
+#include "catalogue/Cles.h"
+#include "commun/Formes.h"
+#include "fenetres/Place.h"
+#include "fenetres/TextesQt.h"
 #include "search/Arborescence.h"
-#include "search/FenetreInfobulle.h"
+#include "search/Infobulle.h"
 #include "search/RechercheLabel.h"
-#include "shell/FenetrePlace.h"
-#include "shell/FenetreTextes.h"
-#include "shell/Textes.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
@@ -83,7 +84,7 @@ frmRecherche::frmRecherche(Dialogues& dialogues, frmView& vue, QWidget* parent)
     setCentralWidget(CreerCentre());
     CreerStatut();
     CreerCalendrier();
-    infobulle_ = new FenetreInfobulle(this);
+    infobulle_ = new Infobulle(this);
     Colorer();
     PlacerFenetrePrincipale(*this);
     LireReglages();

@@ -6,14 +6,14 @@
 #include <QMainWindow>
 #include <QTimer>
 
-#include "browser/ListeFichiers.h"
-#include "browser/ModeleImages.h"
+#include "browser/ImagesCatalogue.h"
 #include "browser/ModeleListe.h"
+#include "catalogue/ListeFichiers.h"
+#include "commun/Dialogues.h"
 #include "search/ChoixRecherche.h"
 #include "search/Requete.h"
-#include "shell/Dialogues.h"
 
-class FenetreInfobulle;
+class Infobulle;
 class QCalendarWidget;
 class QCheckBox;
 class QComboBox;
@@ -96,7 +96,7 @@ private:
     frmView& vue_;
     ListeFichiers liste_;
     IconesExtensions icones_;
-    ModeleImages images_;
+    ImagesCatalogue images_;
     ModeleListe* modeleListe_;
     std::string baseLue_;  // whose rows the results are
 
@@ -131,6 +131,6 @@ private:
     QTreeView* lvListView_ = nullptr;
     QLabel* commentaire_ = nullptr;
     QProgressBar* barre_ = nullptr;
-    FenetreInfobulle* infobulle_ = nullptr;
+    Infobulle* infobulle_ = nullptr;
     QTimer itemAMontrer_;
 };

@@ -18,9 +18,9 @@
 #include <QToolButton>
 #include <QTreeView>
 
-#include "search/FenetreInfobulle.h"
+#include "fenetres/Etiquette.h"
+#include "search/Infobulle.h"
 #include "search/frmRecherche.h"
-#include "shell/FenetreEtiquette.h"
 #include "store/Reglages.h"
 
 namespace {
@@ -289,7 +289,7 @@ QWidget* frmRecherche::CreerCentre()
     haut->addLayout(criteres, 1);
     haut->addLayout(boutons);
 
-    titre_ = new FenetreEtiquette;
+    titre_ = new Etiquette;
     titre_->setObjectName("titre");
     auto* bandeau = new QFrame;
     bandeau->setFrameShape(QFrame::StyledPanel);

@@ -8,9 +8,9 @@
 #include <QVBoxLayout>
 
 #include "extraction/FrmSemiAuto.h"
-#include "shell/FenetrePlace.h"
-#include "shell/FenetreSortie.h"
+#include "fenetres/Place.h"
 #include "shell/FrmExit.h"
+#include "shell/ProcedureSortie.h"
 #include "store/CycleBase.h"
 
 namespace {

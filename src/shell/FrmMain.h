@@ -6,7 +6,7 @@
 
 #include <QWidget>
 
-#include "shell/Dialogues.h"
+#include "commun/Dialogues.h"
 
 class FrmExit;
 class FrmSemiAuto;

@@ -8,10 +8,10 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-#include "shell/FenetreLecteurs.h"
-#include "shell/FenetreTextes.h"
+#include "commun/Formes.h"
+#include "fenetres/FenetreLecteurs.h"
+#include "fenetres/TextesQt.h"
 #include "shell/Options.h"
-#include "shell/Textes.h"
 
 namespace {
 

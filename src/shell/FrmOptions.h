@@ -5,7 +5,7 @@
 
 #include <QDialog>
 
-#include "shell/Dialogues.h"
+#include "commun/Dialogues.h"
 
 class QCheckBox;
 class QListWidget;

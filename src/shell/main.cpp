@@ -9,10 +9,10 @@
 
 #include "browser/frmView.h"
 #include "extraction/FrmGetDrive.h"
+#include "fenetres/BoitesDialogue.h"
 #include "platform/Bureau.h"
 #include "platform/Ceder.h"
 #include "search/frmRecherche.h"
-#include "shell/FenetreDialogues.h"
 #include "shell/FrmExit.h"
 #include "shell/FrmMain.h"
 
@@ -55,7 +55,7 @@ int main(int argc, char** argv)
     if (francais.load(QLocale(QLocale::French), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QApplication::installTranslator(&francais);
 
-    FenetreDialogues dialogues;
+    BoitesDialogue dialogues;
     if (!PremiereInstance()) {
         dialogues.Informer(
             "  Velourne est en cours d'utilsation sur votre machine\n\n"

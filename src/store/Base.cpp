@@ -5,7 +5,7 @@
 #include <mutex>
 #include <utility>
 
-#include "platform/Fichiers.h"
+#include "platform/OperationsFichiers.h"
 #include "store/Connexion.h"
 #include "store/TraduireSql.h"
 

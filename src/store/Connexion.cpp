@@ -4,12 +4,13 @@
 #include <cstdint>
 #include <utility>
 
+#include "commun/Formes.h"
+#include "commun/Motif.h"
+#include "commun/Texte.h"
 #include "platform/Ceder.h"
 #include "platform/Fichier.h"
-#include "platform/Fichiers.h"
-#include "platform/Texte.h"
+#include "platform/OperationsFichiers.h"
 #include "store/Base.h"
-#include "store/Motif.h"
 
 namespace {
 

@@ -10,6 +10,8 @@
 
 #include <sqlite3.h>
 
+#include "commun/Formes.h"
+
 // Inside of the store only: the connection that all openings of one base share.
 
 struct FinirEnonce {

@@ -5,7 +5,7 @@
 #include <set>
 
 #include "platform/Chemins.h"
-#include "platform/Fichiers.h"
+#include "platform/OperationsFichiers.h"
 #include "store/Base.h"
 #include "store/Reglages.h"
 

@@ -6,11 +6,11 @@
 
 #include <fmt/format.h>
 
+#include "commun/Motif.h"
 #include "platform/Chemins.h"
 #include "platform/Fichier.h"
-#include "platform/Fichiers.h"
+#include "platform/OperationsFichiers.h"
 #include "store/Base.h"
-#include "store/Motif.h"
 
 namespace {
 

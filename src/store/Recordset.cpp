@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "commun/Formes.h"
 #include "store/Base.h"
 #include "store/Connexion.h"
 #include "store/TraduireSql.h"

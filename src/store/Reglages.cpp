@@ -6,7 +6,7 @@
 #include <mutex>
 
 #include "platform/Chemins.h"
-#include "platform/Fichiers.h"
+#include "platform/OperationsFichiers.h"
 
 namespace {
 
@@ -62,7 +62,7 @@ std::string Deproteger(std::string_view texte)
 Sections LireReglages()
 {
     std::string octets;
-    LireFichierEntier(CheminReglages(), octets);
+    LireFichier(CheminReglages(), octets);
     Sections sections;
     std::string_view reste = octets;
     while (!reste.empty()) {

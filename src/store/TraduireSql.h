@@ -7,6 +7,3 @@
 // "delete * from" loses its "*"; "X like 'motif'" becomes a call of the function that CorrespondMotif implements;
 // texts behind "order by" get the French order. Quoted texts are never touched.
 std::string TraduireSql(std::string_view texte);
-
-// `like`: "*" is any run of characters, "?" exactly one, all else stands for itself; case does not count, accents do.
-bool CorrespondMotif(std::string_view motif, std::string_view texte);

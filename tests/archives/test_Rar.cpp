@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <fstream>
 
-#include "Archives.h"
 #include "archives/ListerRar.h"
+#include "outils/Archives.h"
 #include "store/CycleBase.h"
 
 namespace {

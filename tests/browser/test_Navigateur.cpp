@@ -2,10 +2,13 @@
 #include <thread>
 #include <utility>
 
-#include "Outils.h"
+#include "browser/ChargerArbre.h"
 #include "browser/Navigateur.h"
+#include "catalogue/Cles.h"
+#include "catalogue/TexteArbre.h"
+#include "commun/Formes.h"
+#include "outils/LignesTest.h"
 #include "platform/Ceder.h"
-#include "shell/Textes.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"

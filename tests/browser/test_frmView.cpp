@@ -1,8 +1,8 @@
 #include <QTest>
 #include <QtWidgets>
 
-#include "Outils.h"
 #include "browser/frmView.h"
+#include "outils/LignesTest.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 

@@ -2,9 +2,9 @@
 #include <map>
 #include <thread>
 
-#include "Enfant.h"
-#include "Outils.h"
 #include "extraction/bsDrive.h"
+#include "outils/Enfant.h"
+#include "outils/ExtractionTest.h"
 #include "platform/Lecteurs.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"

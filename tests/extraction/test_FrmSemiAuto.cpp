@@ -2,12 +2,12 @@
 
 #include <memory>
 
-#include "Fenetres.h"
-#include "Outils.h"
-#include "extraction/FenetreOnglets.h"
 #include "extraction/FiltreFichiers.h"
 #include "extraction/FrmGetDrive.h"
 #include "extraction/FrmResultat.h"
+#include "extraction/RangeeOnglets.h"
+#include "outils/ExtractionTest.h"
+#include "outils/Fenetres.h"
 #include "platform/Lecteurs.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
@@ -49,16 +49,16 @@ protected:
         fenetre_ = std::make_unique<FrmSemiAuto>(questions_);
         fenetre_->fermee = [this] { ++fermetures_; };
         fenetre_->show();
-        menu_ = Enfant<FenetreOnglets>(*fenetre_, "Menu");
-        menuA_ = Enfant<FenetreOnglets>(*fenetre_, "MenuA");
+        menu_ = Enfant<RangeeOnglets>(*fenetre_, "Menu");
+        menuA_ = Enfant<RangeeOnglets>(*fenetre_, "MenuA");
         ok_ = Enfant<QPushButton>(*fenetre_, "OK");
     }
 
     // Presses the tab of the test's own folder.
     void ChoisirDisque()
     {
-        FenetreOnglets* rangee = menu_->Position(lettre_) != FenetreOnglets::Aucun ? menu_ : menuA_;
-        ASSERT_NE(rangee->Position(lettre_), FenetreOnglets::Aucun);
+        RangeeOnglets* rangee = menu_->Position(lettre_) != RangeeOnglets::Aucun ? menu_ : menuA_;
+        ASSERT_NE(rangee->Position(lettre_), RangeeOnglets::Aucun);
         rangee->Onglet(rangee->Position(lettre_))->click();
     }
 
@@ -79,8 +79,8 @@ protected:
 
     Questions questions_;
     std::unique_ptr<FrmSemiAuto> fenetre_;
-    FenetreOnglets* menu_ = nullptr;
-    FenetreOnglets* menuA_ = nullptr;
+    RangeeOnglets* menu_ = nullptr;
+    RangeeOnglets* menuA_ = nullptr;
     QPushButton* ok_ = nullptr;
     int fermetures_ = 0;
 };
@@ -129,7 +129,7 @@ TEST_F(Assistant, HidingTheDetailsGivesUpADriveNoLongerSeen)
     auto* etapes = Enfant<QPushButton>(*fenetre_, "Etapes");
     EXPECT_EQ(etapes->text().remove('&'), " Cacher Détails ");
     etapes->click();
-    EXPECT_EQ(menuA_->Choisi(), FenetreOnglets::Aucun);
+    EXPECT_EQ(menuA_->Choisi(), RangeeOnglets::Aucun);
     EXPECT_EQ(ok_->isEnabled(), menu_->Nombre() > 0);
     EXPECT_EQ(Reglage("Methode"), " Montrer Détails ");
 

@@ -1,5 +1,5 @@
-#include "Environnement.h"
 #include "extractors/Aiguillage.h"
+#include "outils/Environnement.h"
 #include "store/Reglages.h"
 
 class AiguillageTest : public Environnement {};

@@ -1,5 +1,5 @@
-#include "DecrireContenu.h"
-#include "Octets.h"
+#include "outils/DecrireContenu.h"
+#include "outils/Octets.h"
 
 using namespace std::string_literals;
 

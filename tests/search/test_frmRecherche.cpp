@@ -19,11 +19,11 @@
 #include <QToolButton>
 #include <QTreeView>
 
-#include "Fenetres.h"
-#include "browser/Outils.h"
 #include "browser/frmView.h"
+#include "outils/Fenetres.h"
+#include "outils/LignesTest.h"
 #include "platform/Ceder.h"
-#include "search/FenetreInfobulle.h"
+#include "search/Infobulle.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"

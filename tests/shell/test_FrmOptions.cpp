@@ -4,9 +4,9 @@
 
 #include <QTest>
 
-#include "Environnement.h"
-#include "Fenetres.h"
-#include "Reponses.h"
+#include "outils/Environnement.h"
+#include "outils/Fenetres.h"
+#include "outils/Reponses.h"
 #include "platform/Lecteurs.h"
 #include "shell/Options.h"
 

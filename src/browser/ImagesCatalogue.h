@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QHash>
+#include <QIcon>
+
+#include "catalogue/ArbreCatalogue.h"
+#include "catalogue/ListeFichiers.h"
+
+// The picture lists of the browser: built-in pictures, icons of media and of file extensions, each made once.
+class ImagesCatalogue {
+public:
+    explicit ImagesCatalogue(const IconesExtensions& extensions) : extensions_(extensions) {}
+
+    QIcon DuNoeud(const ArbreCatalogue& arbre, int32_t noeud);
+    const QIcon& DeItem(int32_t icone);
+
+    // Forgets the icons of media, whose nodes are gone.
+    void OublierMedias() { medias_.clear(); }
+
+private:
+    const IconesExtensions& extensions_;
+    QHash<int32_t, QIcon> images_, medias_;
+};

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "commun/TextesRanges.h"
+
+// Pictures of nodes and list items, by their place in the picture lists.
+enum ImageNavigateur : int16_t {
+    ImagePropre = -2,  // the media's own icon
+    SansImage = -1,
+    ImageDisque = 0,
+    ImageRepertoire = 2,
+    ImageRepertoireOuvert = 3,
+    ImageRacine = 5,
+    ImageReseau = 9,
+    ImageInconnue = 11,
+    ImageGenerique = 12,
+};
+
+inline constexpr uint32_t CouleurNoire = 0;
+inline constexpr uint32_t CouleurRouge = 255;  // colours are RGB longs: red in the low byte
+
+// The tree of the catalogue: nodes in the order of their making, found by key, linked to parent, children and next
+// sibling by their places. Root is at level 1, media at 2. Holds a million nodes in some hundred megabytes.
+class ArbreCatalogue {
+public:
+    static constexpr int32_t Aucun = -1;
+
+    struct Noeud {
+        std::string_view cle, texte;
+        int32_t parent = Aucun;
+        int32_t premierEnfant = Aucun, dernierEnfant = Aucun, suivant = Aucun;
+        int32_t enfants = 0;
+        int32_t rang = 0;  // place among the children of its parent, from 0
+        int32_t niveau = 0;
+        uint32_t couleur = CouleurNoire;
+        int16_t image = SansImage, imageSelection = SansImage;
+    };
+
+    void Vider();
+
+    // Place of the new node; Aucun when the key is empty or taken. A parent of Aucun makes a root.
+    int32_t Ajouter(int32_t parent, std::string_view cle, std::string_view texte, int16_t image = SansImage,
+                    int16_t imageSelection = SansImage);
+    int32_t Chercher(std::string_view cle) const;
+
+    int32_t Nombre() const { return static_cast<int32_t>(noeuds_.size()); }
+    const Noeud& operator[](int32_t noeud) const { return noeuds_[static_cast<size_t>(noeud)]; }
+    bool EstMedia(int32_t noeud) const;
+    // The node of the media below which a node lies; Aucun for the root.
+    int32_t Media(int32_t noeud) const;
+
+    void Renommer(int32_t noeud, std::string_view texte);
+    void Colorer(int32_t noeud, uint32_t couleur);
+
+    // Bytes of a media's own icon; empty when it has none.
+    void DonnerIcone(int32_t noeud, std::string_view octets);
+    const std::string& Icone(int32_t noeud) const;
+
+    int32_t Selection() const { return selection_; }
+    void Selectionner(int32_t noeud) { selection_ = noeud; }
+    std::string_view CleSelection() const;
+
+    // Key of the node last shown.
+    const std::string& Tag() const { return tag_; }
+    void FixerTag(std::string_view cle) { tag_ = cle; }
+
+    // Changes with each Vider, so that a loop that lets events run sees that its nodes are gone.
+    uint64_t Generation() const { return generation_; }
+
+private:
+    size_t Case(std::string_view cle) const;
+    void Agrandir();
+
+    std::vector<Noeud> noeuds_;
+    std::vector<int32_t> cases_;  // open addressing, a power of two
+    TextesRanges textes_;
+    std::unordered_map<int32_t, std::string> icones_;
+    std::string tag_;
+    int32_t selection_ = Aucun;
+    uint64_t generation_ = 0;
+};

@@ -1,0 +1,87 @@
+#include "fenetres/Place.h"
+
+#include <algorithm>
+#include <string>
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+
+#include "store/Reglages.h"
+
+void PlacerFenetre(QWidget& fenetre, std::string_view cleHaut, std::string_view cleGauche)
+{
+    const QRect principal = QGuiApplication::primaryScreen()->geometry();
+    const QPoint centre = principal.topLeft() + QPoint((principal.width() - fenetre.width()) / 2,
+                                                       (principal.height() - fenetre.height()) / 2);
+    // Bounded before they become pixels: the settings may hold anything.
+    const auto lire = [](std::string_view cle, int defaut) {
+        const double twips = GetSettingNombre(SectionSettings, cle, defaut * TwipsParPixel);
+        return static_cast<int>(std::clamp(twips / TwipsParPixel, -1e6, 1e6));
+    };
+    QPoint place(lire(cleGauche, centre.x()), lire(cleHaut, centre.y()));
+
+    const auto ecrans = QGuiApplication::screens();
+    const auto dansUnEcran = [&](auto contient) {
+        return std::any_of(ecrans.begin(), ecrans.end(), [&](QScreen* ecran) { return contient(ecran->geometry()); });
+    };
+    if (!dansUnEcran([&](const QRect& r) { return place.x() >= r.left() && place.x() <= r.right(); }))
+        place.setX(centre.x());
+    if (!dansUnEcran([&](const QRect& r) { return place.y() >= r.top() && place.y() <= r.bottom(); }))
+        place.setY(centre.y());
+    // In the corner that two screens of different sizes leave free.
+    if (!dansUnEcran([&](const QRect& r) { return r.contains(place); }))
+        place = centre;
+    fenetre.move(place);
+}
+
+void EnregistrerPlace(const QWidget& fenetre, std::string_view cleHaut, std::string_view cleGauche)
+{
+    SaveSettingNombre(SectionSettings, cleHaut, fenetre.y() * TwipsParPixel);
+    SaveSettingNombre(SectionSettings, cleGauche, fenetre.x() * TwipsParPixel);
+}
+
+int LirePixels(std::string_view section, std::string_view cle, int defaut)
+{
+    const double twips = GetSettingNombre(section, cle, defaut * TwipsParPixel);
+    return static_cast<int>(std::clamp(twips / TwipsParPixel, 0.0, 10000.0));
+}
+
+void EcrirePixels(std::string_view section, std::string_view cle, int pixels)
+{
+    SaveSettingNombre(section, cle, pixels * TwipsParPixel);
+}
+
+void PlacerFenetrePrincipale(QWidget& fenetre)
+{
+    const auto lire = [](std::string_view cle, int defaut) { return LirePixels(SectionSettings, cle, defaut); };
+    fenetre.resize(std::max(lire("MainWidth", 1000), 320), std::max(lire("MainHeight", 660), 240));
+    if (GetSetting(SectionSettings, "MainLeft", "").empty())
+        fenetre.move(0, 0);
+    else
+        PlacerFenetre(fenetre, "MainTop", "MainLeft");
+    if (GetSettingEntier(SectionSettings, "MainState", 0, 2) == 2)
+        fenetre.setWindowState(Qt::WindowMaximized);
+}
+
+void EnregistrerPlacePrincipale(const QWidget& fenetre)
+{
+    const int etat = fenetre.isMinimized() ? 1 : fenetre.isMaximized() ? 2 : 0;
+    SaveSetting(SectionSettings, "MainState", std::to_string(etat));
+    if (etat != 0)
+        return;
+    EnregistrerPlace(fenetre, "MainTop", "MainLeft");
+    EcrirePixels(SectionSettings, "MainWidth", fenetre.width());
+    EcrirePixels(SectionSettings, "MainHeight", fenetre.height());
+}
+
+void PrendreLaPlace(QWidget& fenetre, QWidget& autre)
+{
+    fenetre.setWindowState(autre.isMaximized() ? Qt::WindowMaximized : Qt::WindowNoState);
+    if (!autre.isMaximized())
+        fenetre.setGeometry(autre.geometry());
+    fenetre.show();
+    fenetre.raise();
+    fenetre.activateWindow();
+    autre.hide();
+}

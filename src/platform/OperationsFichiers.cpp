@@ -1,0 +1,181 @@
+#include "platform/OperationsFichiers.h"
+
+#include <fcntl.h>
+#include <stdlib.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <functional>
+#include <memory>
+
+#include <fmt/format.h>
+
+#include "platform/Descripteur.h"
+#include "platform/Fichier.h"
+
+namespace {
+bool EstDeType(const std::string& chemin, mode_t type)
+{
+    struct stat etat {};
+    return stat(chemin.c_str(), &etat) == 0 && (etat.st_mode & S_IFMT) == type;
+}
+
+bool Verser(int descripteur, std::string_view octets)
+{
+    while (!octets.empty()) {
+        const ssize_t ecrits = write(descripteur, octets.data(), octets.size());
+        if (ecrits < 0 && errno == EINTR)
+            continue;
+        if (ecrits <= 0)
+            return false;
+        octets.remove_prefix(static_cast<size_t>(ecrits));
+    }
+    return true;
+}
+
+// A target that is a link is replaced where it leads.
+std::string CibleReelle(const std::string& chemin)
+{
+    const std::unique_ptr<char, decltype(&free)> reel(realpath(chemin.c_str(), nullptr), &free);
+    return reel ? std::string(reel.get()) : chemin;
+}
+
+std::string DossierDe(const std::string& chemin)
+{
+    const size_t barre = chemin.rfind('/');
+    if (barre == std::string::npos)
+        return ".";
+    return barre == 0 ? "/" : chemin.substr(0, barre);
+}
+
+Descripteur CreerBrouillon(const std::string& dossier, mode_t mode, std::string& chemin)
+{
+    static std::atomic<unsigned> compteur;
+    for (int essai = 0; essai < 1000; ++essai) {
+        chemin = fmt::format("{}/.velourne-{}-{}", dossier, getpid(), ++compteur);
+        Descripteur brouillon(open(chemin.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
+        if (brouillon.Ouvert() || errno != EEXIST)
+            return brouillon;
+    }
+    return {};
+}
+
+void SynchroniserDossier(const std::string& dossier)
+{
+    const Descripteur descripteur(open(dossier.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (descripteur.Ouvert())
+        fsync(descripteur.Valeur());
+}
+
+bool Remplacer(const std::string& chemin, bool prive, const std::function<bool(int)>& remplir)
+{
+    const std::string cible = CibleReelle(chemin);
+    const std::string dossier = DossierDe(cible);
+    std::string nomBrouillon;
+    Descripteur brouillon = CreerBrouillon(dossier, prive ? 0600 : 0666, nomBrouillon);
+    if (!brouillon.Ouvert())
+        return false;
+
+    struct stat ancien {};
+    bool reussi = true;
+    if (!prive && stat(cible.c_str(), &ancien) == 0)
+        reussi = S_ISREG(ancien.st_mode) && fchmod(brouillon.Valeur(), ancien.st_mode & 07777) == 0;
+    reussi = reussi && remplir(brouillon.Valeur()) && fsync(brouillon.Valeur()) == 0;
+    reussi = close(brouillon.Ceder()) == 0 && reussi;  // network file systems may fail only here
+    if (!reussi || rename(nomBrouillon.c_str(), cible.c_str()) != 0) {
+        unlink(nomBrouillon.c_str());
+        return false;
+    }
+    SynchroniserDossier(dossier);
+    return true;
+}
+}  // namespace
+
+bool FichierExiste(const std::string& chemin)
+{
+    return EstDeType(chemin, S_IFREG);
+}
+
+bool DossierExiste(const std::string& chemin)
+{
+    return EstDeType(chemin, S_IFDIR);
+}
+
+bool CopierFichier(const std::string& source, const std::string& cible)
+{
+    const Fichier entree(source);
+    if (!entree.Ouvert())
+        return false;
+    return Remplacer(cible, false, [&](int sortie) {
+        std::string tampon(size_t{1} << 20, '\0');
+        for (uint64_t position = 0; position < entree.Taille();) {
+            const size_t lus = entree.Lire(position, tampon.data(), tampon.size());
+            if (lus == 0 || !Verser(sortie, std::string_view(tampon.data(), lus)))
+                return false;
+            position += lus;
+        }
+        return true;
+    });
+}
+
+bool EcrireFichier(const std::string& chemin, std::string_view octets, bool prive)
+{
+    return Remplacer(chemin, prive, [&](int sortie) { return Verser(sortie, octets); });
+}
+
+bool EcrireFichier(const std::string& chemin, const std::function<bool(const Versement&)>& remplir, bool prive)
+{
+    return Remplacer(chemin, prive, [&](int sortie) {
+        return remplir([sortie](std::string_view octets) { return Verser(sortie, octets); });
+    });
+}
+
+bool LireEtatFichier(const std::string& chemin, EtatFichier& etat)
+{
+    struct stat lu {};
+    if (stat(chemin.c_str(), &lu) != 0)
+        return false;
+    constexpr int64_t parSeconde = 1'000'000'000;
+    etat = {static_cast<uint64_t>(lu.st_size), lu.st_ino, lu.st_mtim.tv_sec * parSeconde + lu.st_mtim.tv_nsec};
+    return true;
+}
+
+bool LireFichier(const std::string& chemin, std::string& octets)
+{
+    const Fichier fichier(chemin);
+    if (!fichier.Ouvert())
+        return false;
+    std::string lus(static_cast<size_t>(fichier.Taille()), '\0');
+    if (fichier.Lire(0, lus.data(), lus.size()) != lus.size())
+        return false;
+    octets = std::move(lus);
+    return true;
+}
+
+bool SupprimerFichier(const std::string& chemin)
+{
+    return unlink(chemin.c_str()) == 0;
+}
+
+VerrouFichier::VerrouFichier(const std::string& chemin, bool attendre)
+{
+    Descripteur descripteur(open(chemin.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    if (!descripteur.Ouvert())
+        return;
+    int resultat = 0;
+    do {
+        resultat = flock(descripteur.Valeur(), LOCK_EX | (attendre ? 0 : LOCK_NB));
+    } while (resultat != 0 && errno == EINTR);
+    if (resultat == 0)
+        descripteur_ = descripteur.Ceder();
+}
+
+VerrouFichier::~VerrouFichier()
+{
+    if (descripteur_ >= 0)
+        close(descripteur_);
+}

@@ -1,0 +1,195 @@
+#include "outils/Brut.h"
+#include "outils/Enfant.h"
+#include "outils/Environnement.h"
+#include "platform/OperationsFichiers.h"
+#include "store/Base.h"
+#include "store/CycleBase.h"
+#include "store/Reglages.h"
+
+namespace {
+
+using Lignes = std::vector<std::string>;
+
+class Cycle : public Environnement {
+protected:
+    std::string Programme(const char* nom) const { return (programme_ / nom).string(); }
+    std::string Memorisee() const { return GetSetting("Settings", "BaseCourante", "rien"); }
+    void Choisir(const std::string& chemin)
+    {
+        SaveSetting("Settings", "BaseCourante", chemin);
+        RelireBaseCourante();
+    }
+    // A base with rows to give back.
+    std::string BaseGonflee()
+    {
+        const std::string chemin = (travail_ / "essai.vlr").string();
+        CreerBaseVide(chemin);
+        Brut(chemin,
+             "insert into Catalogue(Num, Label) values(7, 'sept'), (8, 'huit');"
+             "with recursive n(i) as (select 1 union all select i + 1 from n where i < 4000)"
+             " insert into Liste(NCatalogue, Nom, Description) select 7 + i % 2, 'f' || i, hex(zeroblob(500)) from n;"
+             "delete from Liste where NCatalogue = 7");
+        Choisir(chemin);
+        return chemin;
+    }
+};
+
+constexpr const char* AncienneForme =
+    "create table Catalogue(Num integer primary key autoincrement, Identifiant text(255), Label text(255), Flag "
+    "boolean);"
+    "create table Liste(Num integer primary key autoincrement, NCatalogue integer, Répertoire text(255),"
+    " RepertoirePere text(255), Nom text(255));"
+    "insert into Catalogue(Identifiant, Label, Flag) values('a', 'b', 1);";
+
+TEST_F(Cycle, OlderBasesGetExactlyTheirMissingPieces)
+{
+    struct Cas {
+        const char *plus, *colonnesPret, *extensions;
+    };
+    constexpr const char* toutes = "Num,Nom,PreNom,Adresse,Email,Telephone";
+    for (const auto& [plus, colonnesPret, extensions] :
+         {Cas{"", toutes, ""},
+          {"create table Pret(Num integer, Nom text(255)); insert into Pret values(3, 'Anne')", "Num,Nom", ""},
+          {"alter table Catalogue add column Tree text; alter table Catalogue add column NPret smallint", toutes, ""},
+          {"create table LE(Data text); insert into LE values('|jpg'); alter table Catalogue add column categorie",
+           toutes, "|jpg"}}) {
+        const std::string chemin = (travail_ / "ancienne.vlr").string();
+        SupprimerFichier(chemin);
+        Brut(chemin, AncienneForme + std::string(plus));
+        Choisir(chemin);
+        for (int passage = 0; passage < 2; ++passage)
+            InitialiserBase();
+        EXPECT_EQ(BaseCourante(), chemin);
+        EXPECT_EQ(Brut(chemin, "select count(*) from pragma_table_info('Catalogue')"), Lignes{"8"}) << plus;
+        EXPECT_EQ(Brut(chemin,
+                       "select count(*) from Catalogue where Tree is null and Disque is null and NPret is null and"
+                       " Categorie is null and Label = 'b'"),
+                  Lignes{"1"});
+        EXPECT_EQ(Brut(chemin, "select name from sqlite_master where type = 'index' order by name"),
+                  (Lignes{"CataloguePret", "ListeContenu", "ListeDossier"}));
+        EXPECT_EQ(Brut(chemin, "select group_concat(name) from pragma_table_info('Pret')"), Lignes{colonnesPret});
+        EXPECT_EQ(ListeExtensions(), extensions) << plus;
+    }
+}
+
+TEST_F(Cycle, FirstStartAndAVanishedBase)
+{
+    const std::string defaut = Programme("defaut.vlr"), partie = (travail_ / "partie.vlr").string();
+    InitialiserBase();
+    EXPECT_EQ(BaseCourante() + Memorisee(), defaut + defaut);
+    EXPECT_FALSE(FichierExiste(Programme("velour.vlr")));
+    EXPECT_TRUE(OpenDatabase(BaseCourante()).TableDefs("le"));
+
+    Choisir(partie);
+    EXPECT_TRUE(GarantirBase(false));
+    EXPECT_EQ(BaseCourante() + Memorisee(), defaut + partie);
+    EXPECT_FALSE(GarantirBase(true));
+    FixerBaseCourante("");
+    EXPECT_TRUE(GarantirBase(true));
+    EXPECT_EQ(Memorisee(), defaut);
+}
+
+TEST_F(Cycle, ABaseInItsUsualPlaceIsTakenAndTheTemplateIsCopied)
+{
+    Brut(Programme("Data.z"), std::string(AncienneForme));
+    CopierModele(Programme("velour.vlr"));
+    EXPECT_EQ(Contenu(Programme("velour.vlr")), Contenu(Programme("Data.z")));
+    InitialiserBase();
+    EXPECT_EQ(BaseCourante(), Programme("velour.vlr"));
+    EXPECT_EQ(Memorisee(), "rien");
+    EXPECT_FALSE(FichierExiste(Programme("defaut.vlr")));
+    EXPECT_EQ(Brut(Programme("Data.z"), "select count(*) from sqlite_master where name = 'Pret'"), Lignes{"0"});
+}
+
+TEST_F(Cycle, AForeignCurrentFileGivesAnEmptyCatalogue)
+{
+    AjouterExtension("jpg");
+    Ecrire(travail_ / "lettre.vlr", "bonjour");
+    Choisir((travail_ / "lettre.vlr").string());
+    InitialiserBase();
+    CompacterBase();
+    EXPECT_EQ(ListeExtensions(), "");
+    EXPECT_FALSE(EnregistrerExtensions());
+    EXPECT_FALSE(ModifierCatalogue(1, true, ""));
+    EXPECT_EQ(Contenu(travail_ / "lettre.vlr"), "bonjour");
+}
+
+TEST_F(Cycle, ExtensionListKeepsItsOddities)
+{
+    InitialiserBase();
+    const std::pair<const char*, bool> suite[] = {{"", false},    {"jpg", true}, {"jp", false}, {"JPG", true},
+                                                  {"jpg", false}, {"a|b", true}, {"b", false}};
+    EXPECT_TRUE(EnregistrerExtensions());
+    InitialiserBase();
+    EXPECT_EQ(ListeExtensions(), " ");
+    Brut(BaseCourante(), "delete from LE");
+    InitialiserBase();
+    for (const auto& [extension, neuve] : suite)
+        EXPECT_EQ(AjouterExtension(extension), neuve) << extension;
+    EXPECT_EQ(ListeExtensions(), "|jpg|JPG|a|b");
+    EXPECT_TRUE(EnregistrerExtensions());
+    InitialiserBase();
+    EXPECT_EQ(ListeExtensions(), "|jpg|JPG|a|b");
+    EXPECT_FALSE(AjouterExtension("pg|J"));
+}
+
+TEST_F(Cycle, CompactionGivesBackAndKeepsTheRows)
+{
+    const std::string chemin = BaseGonflee();
+    const auto taille = std::filesystem::file_size(chemin);
+    const Lignes avant = Brut(chemin, "select Num || Nom from Liste order by Num");
+    Ecrire(Programme("temp.db"), "reste d'un plantage");
+    CompacterBase();
+    EXPECT_LT(std::filesystem::file_size(chemin), taille * 2 / 3);
+    EXPECT_EQ(Brut(chemin, "select Num || Nom from Liste order by Num"), avant);
+    EXPECT_EQ(Brut(chemin, "select seq from sqlite_sequence where name = 'Liste'"), Lignes{"4000"});
+    EXPECT_FALSE(FichierExiste(Programme("temp.db")));
+
+    const auto date = std::filesystem::last_write_time(chemin);
+    CompacterBase();
+    EXPECT_EQ(std::filesystem::last_write_time(chemin), date);
+}
+
+TEST_F(Cycle, CompactionOnAFullDiskOrAnOpenBaseChangesNothing)
+{
+    const std::string chemin = BaseGonflee();
+    const std::string avant = Contenu(chemin);
+    DansUnEnfant([] {
+        LimiterDisque(256 << 10);
+        CompacterBase();
+        return true;
+    });
+    EXPECT_TRUE(Contenu(chemin) == avant);
+    EXPECT_FALSE(FichierExiste(Programme("temp.db")));
+
+    const Base ouverte = OpenDatabase(chemin);
+    CompacterBase();
+    EXPECT_TRUE(Contenu(chemin) == avant);
+}
+
+TEST_F(Cycle, MediaIsShownAndDeleted)
+{
+    const std::string chemin = BaseGonflee();
+    EXPECT_TRUE(ModifierCatalogue(8, true, "#8#D:"));
+    EXPECT_FALSE(ModifierCatalogue(99, true, ""));
+    EXPECT_EQ(Brut(chemin, "select Tree from Catalogue where Flag"), Lignes{"#8#D:"});
+    for (const char* sansEffet : {"", "8 or 1 = 1'", "8; delete from Catalogue"})
+        SupprimerMedia(sansEffet);
+    EXPECT_EQ(Brut(chemin, "select count(*) from Catalogue"), Lignes{"2"});
+    FixerAbandon(false);
+    SupprimerMedia(" 8");
+    EXPECT_TRUE(ExtractionAbandonnee());
+    EXPECT_EQ(Brut(chemin, "select (select count(*) from Liste) || (select group_concat(Num) from Catalogue)"),
+              Lignes{"07"});
+}
+
+TEST_F(Cycle, ANewBaseOverACrashedOneIsNotUndoneByItsJournal)
+{
+    const std::string chemin = BaseGonflee();
+    Ecrire(chemin + "-journal", "quelque chose");
+    EXPECT_TRUE(CopierModele(chemin));
+    EXPECT_FALSE(FichierExiste(chemin + "-journal"));
+    EXPECT_EQ(OpenDatabase(chemin).OpenRecordset("Catalogue").RecordCount(), 0);
+}
+
+}  // namespace
