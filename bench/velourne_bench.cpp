@@ -3,6 +3,7 @@
 #include <sys/resource.h>
 
 #include <array>
+#include <atomic>
 #include <charconv>
 #include <chrono>
 #include <cstdint>
@@ -17,25 +18,25 @@
 
 #include <fmt/format.h>
 
+#include "archives/ListerArchive.h"
+#include "browser/ChargerArbre.h"
+#include "browser/LectureListeFichiers.h"
 #include "catalogue/ArbreCatalogue.h"
+#include "catalogue/Cles.h"
 #include "catalogue/ListeFichiers.h"
+#include "commun/Formes.h"
+#include "commun/Texte.h"
 #include "extraction/AjouterFichierZip.h"
 #include "extraction/Extraction.h"
 #include "extraction/VerifierCatalogue.h"
 #include "extractors/Aiguillage.h"
 #include "platform/Chemins.h"
-#include "platform/OperationsFichiers.h"
 #include "platform/Lecteurs.h"
-#include "commun/Texte.h"
+#include "platform/OperationsFichiers.h"
 #include "search/RechercheLabel.h"
-#include "commun/Formes.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
-#include "catalogue/Cles.h"
-#include "browser/ChargerArbre.h"
-#include "browser/LectureListeFichiers.h"
-#include "archives/ListerArchive.h"
 
 namespace fs = std::filesystem;
 using Arguments = std::vector<std::string>;
@@ -69,6 +70,8 @@ class OuiATout : public Dialogues {
 public:
     void Informer(const std::string& texte) override { throw std::runtime_error(texte); }
     bool Demander(const std::string&, const std::string&) override { return true; }
+    std::string ChoisirFichier(const DemandeFichier&) override { return {}; }
+    std::string ChoisirDossier(const std::string&) override { return {}; }
 };
 
 void ImprimerMemoire()
@@ -182,8 +185,10 @@ void Arbre(const Arguments& arguments)
 {
     OuvrirBase(arguments[1], false);
     const Chronometre chronometre;
-    ArbreCatalogue arbre;
-    ChargerArbre(arbre);
+    IconesExtensions icones;
+    std::atomic<double> part;
+    const Navigateur navigateur = ChargerArbre(icones, {}, {}, part);
+    const ArbreCatalogue& arbre = navigateur.arbre;
     fmt::print("noeuds: {}\nsecondes: {:.3f}\n", arbre.Nombre(), chronometre.Secondes());
     ImprimerMemoire();
 }
@@ -217,14 +222,14 @@ int32_t ChercherNoeud(ArbreCatalogue& arbre, const std::string& cle)
 void Dossier(const Arguments& arguments)
 {
     OuvrirBase(arguments[1], false);
-    ArbreCatalogue arbre;
-    ChargerArbre(arbre);
-    arbre.Selectionner(ChercherNoeud(arbre, arguments[2]));
+    IconesExtensions icones;
+    std::atomic<double> part;
+    ArbreCatalogue arbre = ChargerArbre(icones, {}, {}, part).arbre;
+    const std::string cle(arbre[ChercherNoeud(arbre, arguments[2])].cle);
 
     const Chronometre chronometre;
-    ListeFichiers liste;
-    IconesExtensions icones;
-    LectureListeFichiers(arbre, liste, icones);
+    const Lecture lecture = LectureListeFichiers(cle, icones, {-1, false}, {}, part);
+    const ListeFichiers& liste = lecture.liste;
     const double secondes = chronometre.Secondes();
 
     for (int32_t rang = 0; rang < liste.Nombre(); ++rang) {
@@ -295,9 +300,9 @@ void Chercher(const Arguments& arguments)
 
     const Chronometre chronometre;
     const std::string requete = TexteRecherche(demande);
-    ListeFichiers liste;
     IconesExtensions icones;
-    RechercheLabel(demande, filtre, liste, icones);
+    std::atomic<int32_t> nombre;
+    const ListeFichiers liste = RechercheLabel(demande, filtre, icones, {}, nombre);
     const double secondes = chronometre.Secondes();
 
     for (int32_t rang = 0; enListe && rang < liste.Nombre(); ++rang) {

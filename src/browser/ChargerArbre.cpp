@@ -1,22 +1,21 @@
 #include "browser/ChargerArbre.h"
 
-#include <algorithm>
 #include <array>
+#include <string>
 #include <utility>
 
 #include "catalogue/Cles.h"
+#include "catalogue/Lignes.h"
+#include "catalogue/Medias.h"
+#include "catalogue/OuvrirBase.h"
+#include "catalogue/TexteArbre.h"
 #include "commun/Formes.h"
-#include "platform/Ceder.h"
-#include "store/Base.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
 namespace {
 
-constexpr char Separateur = ';';
-constexpr char SeparateurChamps = '#';
-
-// A type outside the table leaves the picture of the media read before: meant so.
+// A type outside the table leaves the picture of the media read before: kept, particularité 1.
 void ChoisirImage(std::string_view type, int16_t& image)
 {
     static constexpr std::array<std::pair<std::string_view, int16_t>, 7> table = {{
@@ -33,92 +32,75 @@ void ChoisirImage(std::string_view type, int16_t& image)
             image = valeur;
 }
 
-int32_t AjouterMedia(ArbreCatalogue& arbre, Recordset& medias, std::string_view cle, int16_t image)
+bool AjouterMedia(ArbreCatalogue& arbre, Recordset& medias, std::string_view cle, int16_t image)
 {
-    const int32_t racine = arbre.Chercher("Root");
-    const int32_t media = arbre.Ajouter(racine, cle, medias.Texte("Label"), image);
+    const int32_t media = arbre.Ajouter(arbre.Chercher(CleRacine), cle, medias.Texte("Label"), image);
     if (media == ArbreCatalogue::Aucun)
-        return media;
+        return false;
     if (!medias.EstNul("Icone"))
         arbre.DonnerIcone(media, medias.Texte("Icone"));
     arbre.Selectionner(media);
     const double couleur = GetSettingNombre(SectionTypes, Trim(medias.Texte("Categorie")), 0);
     if (couleur > 0 && couleur <= 0xFFFFFF)
         arbre.Colorer(media, static_cast<uint32_t>(couleur));
-    return media;
+    return true;
 }
 
 // Elements that a ";" or "#" in a name has broken have no parent or no key, and are passed over.
-void AjouterElements(ArbreCatalogue& arbre, std::string_view texte)
+void AjouterElements(ArbreCatalogue& arbre, std::string_view texte, const std::stop_token& arret)
 {
-    Detacher(texte, Separateur);
+    ElementArbre element;
+    PrendreElement(texte, element);
     std::string_view clePrecedente;
     int32_t parent = ArbreCatalogue::Aucun;
-    const uint64_t generation = arbre.Generation();
-    while (!texte.empty() && arbre.Generation() == generation) {
-        std::string_view element = Detacher(texte, Separateur);
-        const std::string_view cleParent = Detacher(element, SeparateurChamps);
-        const std::string_view cle = Detacher(element, SeparateurChamps);
-        const std::string_view nom = Detacher(element, SeparateurChamps);
-        if (cleParent != clePrecedente) {
-            parent = arbre.Chercher(cleParent);
-            clePrecedente = cleParent;
+    while (PrendreElement(texte, element) && !arret.stop_requested()) {
+        if (element.cleParent != clePrecedente) {
+            parent = arbre.Chercher(element.cleParent);
+            clePrecedente = element.cleParent;
         }
         if (parent != ArbreCatalogue::Aucun)
-            arbre.Ajouter(parent, cle, nom, ImageRepertoire, ImageRepertoireOuvert);
-        Ceder();
+            arbre.Ajouter(parent, element.cle, element.texte, ImageRepertoire, ImageRepertoireOuvert);
     }
 }
 
-// Without a tree text: the media alone; its directories come as they are looked at.
-void AjouterDepuisListe(ArbreCatalogue& arbre, Base& base, Recordset& medias, int16_t image,
-                        const EcouteChargement& ecoute)
+// The key of a media's top by its rows; empty when it has no such row.
+std::string CleDuSommet(Base& base, int64_t media)
 {
-    Recordset lignes =
-        base.OpenRecordset("Select * from Liste where Attribut= 'D' and NCatalogue = " + Str(medias.Entier("Num")) +
-                           " order by NCatalogue asc, Répertoire asc, nom asc");
-    for (; !lignes.Eof(); lignes.MoveNext()) {
-        if (lignes.Entier("Repertoirepere") != 1)
-            continue;
-        const std::string cle = CleRepertoire(lignes.Entier("NCatalogue"), lignes.Texte("Repertoirepere"));
-        if (AjouterMedia(arbre, medias, cle, image) != ArbreCatalogue::Aucun && ecoute.cliquer)
-            ecoute.cliquer();
-        return;
-    }
+    for (Recordset lignes = LignesRepertoires(base, media); !lignes.Eof(); lignes.MoveNext())
+        if (lignes.Entier("Repertoirepere") == 1)
+            return CleRepertoire(lignes.Entier("NCatalogue"), lignes.Texte("Repertoirepere"));
+    return {};
 }
 
 }  // namespace
 
-bool ChargerArbre(ArbreCatalogue& arbre, const EcouteChargement& ecoute)
+Navigateur ChargerArbre(IconesExtensions& icones, const TriListe& tri, const std::stop_token& arret,
+                        std::atomic<double>& part)
 {
-    if (!ArbreARecharger() && arbre.Nombre() > 0)
-        return false;
-    FixerArbreARecharger(false);
-    arbre.Vider();
-    arbre.FixerTag("");
-    const uint64_t generation = arbre.Generation();
-    if (GarantirBase(false) && ecoute.baseChangee)
-        ecoute.baseChangee();
-
-    Base base = OpenDatabase(BaseCourante());
-    arbre.Ajouter(ArbreCatalogue::Aucun, "Root", "Liste des catalogues", ImageRacine, ImageRacine);
-    Recordset medias = base.OpenRecordset("Select * from Catalogue where  Flag = true order by  Label asc");
+    Navigateur navigateur;
+    ArbreCatalogue& arbre = navigateur.arbre;
+    GarantirBase(false);
+    Base base = OuvrirBase(arret);
+    arbre.Ajouter(ArbreCatalogue::Aucun, CleRacine, "Liste des catalogues", ImageRacine, ImageRacine);
+    Recordset medias = MediasMontres(base);
     const auto nombre = static_cast<double>(medias.RecordCount());
     int16_t image = ImageDisque;
-    for (double i = 0; !medias.Eof(); medias.MoveNext(), ++i) {
-        Ceder();
-        if (arbre.Generation() != generation)
-            return true;
-        if (ecoute.progression)
-            ecoute.progression(i / nombre);
+    for (double i = 0; !medias.Eof() && !arret.stop_requested(); medias.MoveNext(), ++i) {
+        part.store(i / nombre, std::memory_order_relaxed);
         ChoisirImage(medias.Texte("typed"), image);
-        const std::string_view texte = medias.Texte("Tree");
-        if (texte.empty()) {
-            AjouterDepuisListe(arbre, base, medias, image, ecoute);
+        const int64_t media = medias.Entier("Num");
+        if (!medias.Texte("Tree").empty()) {
+            AjouterMedia(arbre, medias, CleMedia(media), image);
+            AjouterElements(arbre, medias.Texte("Tree"), arret);
             continue;
         }
-        AjouterMedia(arbre, medias, CleRepertoire(medias.Entier("Num"), "000000001"), image);
-        AjouterElements(arbre, medias.Texte("Tree"));
+        // Without a tree text: the media alone; its directories come as they are looked at.
+        const std::string cle = CleDuSommet(base, media);
+        if (cle.empty() || !AjouterMedia(arbre, medias, cle, image))
+            continue;
+        std::atomic<double> partLecture;
+        navigateur.Montrer(LectureListeFichiers(cle, icones, tri, arret, partLecture));
+        navigateur.MontrerDescriptionNoeud();
     }
-    return true;
+    return navigateur;
 }

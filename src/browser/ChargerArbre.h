@@ -1,15 +1,13 @@
 #pragma once
 
-#include <functional>
+#include <atomic>
+#include <stop_token>
 
-#include "catalogue/ArbreCatalogue.h"
+#include "browser/Navigateur.h"
+#include "catalogue/IconesExtensions.h"
 
-// What ChargerArbre tells and asks while it works; each may be empty.
-struct EcouteChargement {
-    std::function<void(double part)> progression;  // 0 to 1
-    std::function<void()> baseChangee;             // the base was missing and another one became current
-    std::function<void()> cliquer;                 // shows the selected node
-};
-
-// Fills the tree from the current base, unless it holds nodes and no reload is asked for. False when nothing was done.
-bool ChargerArbre(ArbreCatalogue& arbre, const EcouteChargement& ecoute = {});
+// The current base's media and their folders as a new tree. A media without a tree text is shown at once, as a click on
+// it would, so that list, title and description may be filled too. `part` takes the share done, 0 to 1. One that was
+// asked to stop comes back with what it has.
+Navigateur ChargerArbre(IconesExtensions& icones, const TriListe& tri, const std::stop_token& arret,
+                        std::atomic<double>& part);

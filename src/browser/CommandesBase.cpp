@@ -4,25 +4,56 @@
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
-bool OuvrirCatalogue(const std::string& chemin)
+namespace {
+
+DemandeFichier DemandeBase(const char* titre, bool ecrire)
+{
+    DemandeFichier demande;
+    demande.titre = titre;
+    demande.filtre = "Bases de Velourne (*.vlr)";
+    demande.suffixe = "vlr";
+    demande.depart = BaseCourante();
+    demande.ecrire = ecrire;
+    return demande;
+}
+
+void Basculer(const std::string& chemin)
 {
     FixerArbreARecharger(true);
     SaveSetting(SectionSettings, CleBaseCourante, chemin);
     RelireBaseCourante();
     InitialiserBase();
+}
+
+}  // namespace
+
+bool OuvrirCatalogue(Dialogues& dialogues)
+{
+    const std::string chemin = dialogues.ChoisirFichier(DemandeBase("Ouvrir un catalogue", false));
+    if (chemin.empty())
+        return false;
+    Basculer(chemin);
     return true;
 }
 
-bool CreerCatalogue(const std::string& chemin, Dialogues& dialogues)
+bool CreerCatalogue(Dialogues& dialogues)
 {
-    if (FichierExiste(chemin) && !dialogues.Demander("Ce fichier existe, voulez-vous vraiment l'écraser ?"))
+    const std::string chemin = dialogues.ChoisirFichier(DemandeBase("Créer un nouveau catalogue", true));
+    if (chemin.empty() ||
+        (FichierExiste(chemin) && !dialogues.Demander("Ce fichier existe, voulez-vous vraiment l'écraser ?")))
         return false;
     CopierModele(chemin);
-    return OuvrirCatalogue(chemin);
+    Basculer(chemin);
+    return true;
 }
 
-void DupliquerCatalogue(const std::string& chemin, Dialogues& dialogues)
+void DupliquerCatalogue(Dialogues& dialogues)
 {
+    DemandeFichier demande = DemandeBase("Sauvegarder le catalogue en cours", true);
+    demande.confirmer = true;
+    const std::string chemin = dialogues.ChoisirFichier(demande);
+    if (chemin.empty())
+        return;
     if (chemin == BaseCourante())
         dialogues.Informer("Veuillez saisir un autre nom différent que celui du catalogue courant !");
     else
@@ -36,5 +67,6 @@ bool SupprimerCatalogue(Dialogues& dialogues)
         return false;
     SupprimerFichier(BaseCourante());
     CopierModele(CheminBaseParDefaut());
-    return OuvrirCatalogue(CheminBaseParDefaut());
+    Basculer(CheminBaseParDefaut());
+    return true;
 }

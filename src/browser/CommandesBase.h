@@ -1,19 +1,17 @@
 #pragma once
 
-#include <string>
-
 #include "commun/Dialogues.h"
 
-// What the user does to whole bases. Each returns true when another base has become current; the tree must then be
-// loaded anew.
+// What the user does to whole bases. Each asks what it needs to know, and returns true when another base has become
+// current; the tree must then be loaded anew. A dialog left without a choice does nothing.
 
-// An empty base at this path, which becomes current. Asks before it overwrites a file.
-bool CreerCatalogue(const std::string& chemin, Dialogues& dialogues);
+// An empty base, which becomes current. Asks before it overwrites a file.
+bool CreerCatalogue(Dialogues& dialogues);
 
-bool OuvrirCatalogue(const std::string& chemin);
+bool OuvrirCatalogue(Dialogues& dialogues);
 
 // Copies the current base, which stays current.
-void DupliquerCatalogue(const std::string& chemin, Dialogues& dialogues);
+void DupliquerCatalogue(Dialogues& dialogues);
 
 // Deletes the current base after a question; an empty one takes its place.
 bool SupprimerCatalogue(Dialogues& dialogues);

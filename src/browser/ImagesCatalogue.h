@@ -4,7 +4,7 @@
 #include <QIcon>
 
 #include "catalogue/ArbreCatalogue.h"
-#include "catalogue/ListeFichiers.h"
+#include "catalogue/IconesExtensions.h"
 
 // The picture lists of the browser: built-in pictures, icons of media and of file extensions, each made once.
 class ImagesCatalogue {

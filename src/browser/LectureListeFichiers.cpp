@@ -3,9 +3,10 @@
 #include <unordered_set>
 
 #include "catalogue/Cles.h"
+#include "catalogue/ItemsListe.h"
+#include "catalogue/Lignes.h"
+#include "catalogue/OuvrirBase.h"
 #include "commun/Formes.h"
-#include "platform/Ceder.h"
-#include "store/Base.h"
 #include "store/CycleBase.h"
 
 namespace {
@@ -29,57 +30,56 @@ private:
     bool accrue_ = false;
 };
 
-std::string TexteRequete(std::string_view cle)
-{
-    const CleNoeud noeud = AnalyserCle(cle);
-    if (!noeud.valide)
-        return {};
-    return "Select * from Liste where Répertoire= '" + (noeud.archive ? std::string(cle) : noeud.code) +
-           "' and NCatalogue = " + noeud.catalogue + " order by nom asc";
-}
-
 }  // namespace
 
-void LectureListeFichiers(ArbreCatalogue& arbre, ListeFichiers& liste, IconesExtensions& icones,
-                          const EcouteLecture& ecoute)
+Lecture LectureListeFichiers(const std::string& cle, IconesExtensions& icones, const TriListe& tri,
+                             const std::stop_token& arret, std::atomic<double>& part)
 {
-    liste.Vider();
-    const int32_t noeud = arbre.Selection();
-    const std::string cle(arbre.CleSelection());
-    liste.FixerCleLue(cle);
-    const std::string requete = TexteRequete(cle);
-    if (requete.empty())
-        return;
+    Lecture lecture;
+    lecture.cle = cle;
+    lecture.liste.FixerCleLue(cle);
+    const CleNoeud noeud = AnalyserCle(cle);
+    if (!noeud.valide)
+        return lecture;
 
-    const uint64_t lecture = liste.Generation(), chargement = arbre.Generation();
-    Base base = OpenDatabase(BaseCourante());
-    Recordset lignes = base.OpenRecordset(requete);
+    Base base = OuvrirBase(arret);
+    Recordset lignes = LignesContenu(base, noeud);
     const int64_t nombre = lignes.RecordCount();
-    if (ecoute.statut)
-        ecoute.statut(Str(nombre) + " Objet(s)");
+    lecture.statut = Str(nombre) + " Objet(s)";
 
     const ChampsItem champs(lignes);
+    const bool dansArchive = EstCleDansArchive(cle);
     TextesItem textes;
     ExtensionsLues extensions;
-    for (int64_t i = 0; !lignes.Eof(); lignes.MoveNext(), ++i) {
-        Ceder();
-        if (liste.Generation() != lecture || arbre.Generation() != chargement || arbre.CleSelection() == arbre.Tag())
-            return;
-        if (ecoute.progression && i % 256 == 0)
-            ecoute.progression(static_cast<double>(i) / static_cast<double>(nombre));
-
-        ItemListe item = FaireItem(lignes, champs, EstCleDansArchive(cle), textes);
+    for (int64_t i = 0; !lignes.Eof() && !arret.stop_requested(); lignes.MoveNext(), ++i) {
+        part.store(static_cast<double>(i) / static_cast<double>(nombre), std::memory_order_relaxed);
+        ItemListe item = FaireItem(lignes, champs, dansArchive, textes);
         if (item.EstRepertoire()) {
-            liste.Ajouter(item);
-            arbre.Ajouter(noeud, item.cle, lignes.Texte(champs.nom), ImageRepertoire, ImageRepertoireOuvert);
+            lecture.liste.Ajouter(item);
+            lecture.noeuds.push_back({std::string(item.cle), std::string(lignes.Texte(champs.nom)), false});
             continue;
         }
         const std::string extension = ExtensionFichier(lignes.Texte(champs.nom));
         extensions.Noter(extension);
         item.icone = icones.Chercher(extension);
-        liste.Ajouter(item);
+        lecture.liste.Ajouter(item);
         if (EstExtensionArchive(extension))
-            arbre.Ajouter(noeud, CleArchive(lignes.Entier(champs.num), lignes.Entier(champs.catalogue)),
-                          item.cellules[ColNom]);
+            lecture.noeuds.push_back({CleArchive(lignes.Entier(champs.num), lignes.Entier(champs.catalogue)),
+                                      std::string(item.cellules[ColNom]), true});
+    }
+    lecture.liste.Ordonner(lecture.liste.Trier(tri.colonne, tri.decroissant, arret));
+    return lecture;
+}
+
+void AjouterNoeuds(ArbreCatalogue& arbre, const Lecture& lecture)
+{
+    const int32_t parent = arbre.Chercher(lecture.cle);
+    if (parent == ArbreCatalogue::Aucun)
+        return;
+    for (const Lecture::Noeud& noeud : lecture.noeuds) {
+        if (noeud.archive)
+            arbre.Ajouter(parent, noeud.cle, noeud.texte);
+        else
+            arbre.Ajouter(parent, noeud.cle, noeud.texte, ImageRepertoire, ImageRepertoireOuvert);
     }
 }

@@ -7,12 +7,12 @@
 #include "browser/ImagesCatalogue.h"
 #include "fenetres/TextesQt.h"
 
-ModeleArbre::ModeleArbre(const ArbreCatalogue& arbre, ImagesCatalogue& images, QObject* parent)
+ModeleArbre::ModeleArbre(ArbreCatalogue& arbre, ImagesCatalogue& images, QObject* parent)
     : QAbstractItemModel(parent), arbre_(arbre), images_(images)
 {
 }
 
-void ModeleArbre::Retirer()
+void ModeleArbre::Cacher()
 {
     beginResetModel();
     visible_ = false;
@@ -62,6 +62,32 @@ void ModeleArbre::AnnoncerNoeud(int32_t noeud)
 {
     if (visible_ && noeud != ArbreCatalogue::Aucun)
         emit dataChanged(Index(noeud), Index(noeud));
+}
+
+void ModeleArbre::Retirer(int32_t noeud)
+{
+    const int32_t parent = arbre_[noeud].parent;
+    const auto connus = enfants_.find(parent);
+    const bool montre =
+        visible_ && connus != enfants_.end() && arbre_[noeud].rang < static_cast<int>(connus->second.size());
+    const int rang = arbre_[noeud].rang;
+    if (montre)
+        beginRemoveRows(Index(parent), rang, rang);
+    // What was known of the nodes below goes with them.
+    std::vector<int32_t> aOublier = {noeud};
+    while (!aOublier.empty()) {
+        const int32_t oublie = aOublier.back();
+        aOublier.pop_back();
+        if (const auto place = enfants_.find(oublie); place != enfants_.end()) {
+            aOublier.insert(aOublier.end(), place->second.begin(), place->second.end());
+            enfants_.erase(place);
+        }
+    }
+    if (connus != enfants_.end() && montre)
+        connus->second.erase(connus->second.begin() + rang);
+    arbre_.Retirer(noeud);
+    if (montre)
+        endRemoveRows();
 }
 
 QModelIndex ModeleArbre::Index(int32_t noeud) const

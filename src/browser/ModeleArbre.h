@@ -11,15 +11,17 @@
 // Shows the catalogue tree to a view. Children are counted out only below nodes that the view has asked about.
 class ModeleArbre : public QAbstractItemModel {
 public:
-    ModeleArbre(const ArbreCatalogue& arbre, ImagesCatalogue& images, QObject* parent);
+    ModeleArbre(ArbreCatalogue& arbre, ImagesCatalogue& images, QObject* parent);
 
-    // Hides everything while the tree is being filled, and shows it again.
-    void Retirer();
+    // Hides everything while the tree is replaced, and shows it again.
+    void Cacher();
     void Annoncer();
 
     // Tells the view of children that have come below a node, and of a node's new colour or text.
     void AnnoncerEnfants(int32_t noeud);
     void AnnoncerNoeud(int32_t noeud);
+    // Takes a node out of the tree and off the screen, with all below it.
+    void Retirer(int32_t noeud);
 
     QModelIndex Index(int32_t noeud) const;
     static int32_t Noeud(const QModelIndex& index);
@@ -34,7 +36,7 @@ public:
 private:
     const std::vector<int32_t>& Enfants(int32_t noeud) const;
 
-    const ArbreCatalogue& arbre_;
+    ArbreCatalogue& arbre_;
     ImagesCatalogue& images_;
     bool visible_ = false;
     mutable std::unordered_map<int32_t, std::vector<int32_t>> enfants_;

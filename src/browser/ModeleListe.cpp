@@ -1,6 +1,7 @@
 #include "browser/ModeleListe.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QHeaderView>
 #include <QIcon>
@@ -13,7 +14,7 @@ ModeleListe::ModeleListe(ListeFichiers& liste, ImagesCatalogue& images, QObject*
 {
 }
 
-void ModeleListe::Retirer()
+void ModeleListe::Cacher()
 {
     beginResetModel();
     nombre_ = 0;
@@ -27,14 +28,14 @@ void ModeleListe::Annoncer()
     endResetModel();
 }
 
-void ModeleListe::Trier(int colonne, bool decroissant)
+void ModeleListe::Ordonner(ListeFichiers::Ordre ordre)
 {
     emit layoutAboutToBeChanged({}, VerticalSortHint);
     const QModelIndexList anciens = persistentIndexList();
     std::vector<int32_t> indices;
     for (const QModelIndex& index : anciens)
         indices.push_back(liste_.Indice(index.row()));
-    liste_.Trier(colonne, decroissant);
+    liste_.Ordonner(std::move(ordre));
 
     std::vector<int> rangs(anciens.isEmpty() ? 0 : static_cast<size_t>(liste_.Nombre()));
     for (size_t rang = 0; rang < rangs.size(); ++rang)
@@ -46,6 +47,20 @@ void ModeleListe::Trier(int colonne, bool decroissant)
     }
     changePersistentIndexList(anciens, nouveaux);
     emit layoutChanged({}, VerticalSortHint);
+}
+
+void ModeleListe::Retirer(int rang)
+{
+    beginRemoveRows({}, rang, rang);
+    liste_.Retirer(rang);
+    --nombre_;
+    endRemoveRows();
+}
+
+void ModeleListe::Remplacer(int rang, const ItemListe& item)
+{
+    liste_.Remplacer(rang, item);
+    emit dataChanged(index(rang, 0), index(rang, NombreColonnes - 1));
 }
 
 int ModeleListe::rowCount(const QModelIndex& parent) const

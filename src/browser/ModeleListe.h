@@ -12,12 +12,16 @@ class ModeleListe : public QAbstractTableModel {
 public:
     ModeleListe(ListeFichiers& liste, ImagesCatalogue& images, QObject* parent);
 
-    // Hides everything while the list is being filled, and shows it again.
-    void Retirer();
+    // Hides everything while the list is replaced, and shows it again.
+    void Cacher();
     void Annoncer();
 
-    // Sorts the list; the selected item stays selected.
-    void Trier(int colonne, bool decroissant);
+    // Shows the list in another order; the selected item stays selected.
+    void Ordonner(ListeFichiers::Ordre ordre);
+
+    // Takes an item out of the list and off the screen; shows another in its place.
+    void Retirer(int rang);
+    void Remplacer(int rang, const ItemListe& item);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

@@ -2,9 +2,7 @@
 
 #include <utility>
 
-#include "browser/LectureListeFichiers.h"
-#include "catalogue/Cles.h"
-#include "catalogue/Descriptions.h"
+#include "catalogue/OuvrirBase.h"
 #include "commun/Formes.h"
 
 void Navigateur::ColorerMedia(int32_t noeud, uint32_t couleur)
@@ -13,62 +11,51 @@ void Navigateur::ColorerMedia(int32_t noeud, uint32_t couleur)
         arbre.Colorer(noeud, couleur);
 }
 
+bool Navigateur::LectureVoulue() const
+{
+    return arbre.Selection() != ArbreCatalogue::Aucun && arbre.CleSelection() != arbre.Tag();
+}
+
 void Navigateur::MontrerTitre()
 {
-    const int32_t noeud = arbre.Selection();
+    const int32_t noeud = arbre.Chercher(arbre.Tag());
     if (arbre[noeud].parent != ArbreCatalogue::Aucun) {
-        titre = std::string(11, ' ') + std::string(arbre[noeud].texte);
+        titre = std::string(11, ' ').append(arbre[noeud].texte);
         return;
     }
     titre.clear();
     statut = arbre[noeud].enfants > 0 ? Str(arbre[noeud].enfants) + " catalogue(s) ..." : std::string();
 }
 
-bool Navigateur::CliquerNoeud(const EcouteLecture& ecoute, const std::function<void()>& avant)
+void Navigateur::Montrer(Lecture lecture)
 {
-    if (arbre.Selection() == ArbreCatalogue::Aucun)
-        return false;
-    EcouteLecture suivie = ecoute;
-    suivie.statut = [&](const std::string& texte) {
-        statut = texte;
-        if (ecoute.statut)
-            ecoute.statut(texte);
-    };
+    const int32_t noeud = arbre.Chercher(lecture.cle), precedent = arbre.Chercher(arbre.Tag());
+    if (noeud == ArbreCatalogue::Aucun)
+        return;
+    AjouterNoeuds(arbre, lecture);
+    liste = std::move(lecture.liste);
+    statut = std::move(lecture.statut);
+    description = {};
+    if (precedent != noeud)
+        ColorerMedia(precedent, CouleurNoire);
+    ColorerMedia(noeud, CouleurRouge);
+    arbre.FixerTag(arbre[noeud].cle);
+    MontrerTitre();
+}
 
-    bool lu = false;
-    // A reading that was cut short by a click back on the node it came from has left the wrong entries: once more.
-    while (arbre.Selection() != ArbreCatalogue::Aucun &&
-           (arbre.CleSelection() != arbre.Tag() || (lu && arbre.CleSelection() != liste.CleLue()))) {
-        if (avant && !lu)
-            avant();
-        if (arbre.CleSelection() == arbre.Tag())
-            arbre.FixerTag("");
-        description.clear();
-        LectureListeFichiers(arbre, liste, icones, suivie);
-        lu = true;
-        if (arbre.Selection() == ArbreCatalogue::Aucun)
-            return lu;
-        const int32_t precedent = arbre.Chercher(arbre.Tag());
-        if (precedent != arbre.Selection())
-            ColorerMedia(precedent, CouleurNoire);
-        ColorerMedia(arbre.Selection(), CouleurRouge);
-        if (arbre.CleSelection() == liste.CleLue())
-            arbre.FixerTag(arbre.CleSelection());
-    }
-    if (lu) {
-        liste.Trier(colonneTri, decroissant);
-        MontrerTitre();
-    }
-    description = LireDescriptionNoeud(arbre, photo);
+void Navigateur::MontrerDescriptionNoeud()
+{
+    Base base = OuvrirBase();
+    description = LireDescriptionNoeud(base, arbre);
     descriptionDeNoeud = true;
-    return lu;
 }
 
 void Navigateur::CliquerItem(int32_t rang)
 {
     const ItemListe item = liste[rang];
     const TypeItem type = item.EstRepertoire() ? TypeItem::Repertoire : TypeItem::Fichier;
-    description = LireDescriptionItem(type, AnalyserCleItem(item.cle), item.cellules[ColNom], photo);
+    Base base = OuvrirBase();
+    description = LireDescriptionItem(base, type, AnalyserCleItem(item.cle), item.cellules[ColNom]);
     descriptionDeNoeud = false;
     statut.clear();
 }
@@ -83,15 +70,4 @@ bool Navigateur::Descendre(int32_t rang)
     arbre.FixerTag("");
     arbre.Selectionner(noeud);
     return true;
-}
-
-void Navigateur::Vider()
-{
-    arbre.Vider();
-    arbre.FixerTag("");
-    liste.Vider();
-    statut.clear();
-    titre.clear();
-    description.clear();
-    photo.clear();
 }

@@ -1,48 +1,46 @@
 #include "browser/OuvrirFichier.h"
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 
-#include "catalogue/Cles.h"
+#include "catalogue/Lignes.h"
+#include "catalogue/Medias.h"
+#include "catalogue/OuvrirBase.h"
 #include "commun/Formes.h"
 #include "extraction/bsDrive.h"
-#include "platform/Bureau.h"
 #include "platform/Chemins.h"
 #include "platform/FormesLocales.h"
-#include "store/Base.h"
-#include "store/CycleBase.h"
 
 namespace {
 
 struct MediaConnu {
     std::string serie, total, libre;
-    char unite = 0, disque = 0;
+    char unite = 0, disque = 0;  // small letters, 0 for none
     MediaDemande demande;
 };
 
-char Lettre(std::string_view texte)
-{
-    const char lettre = texte.empty() ? '\0' : texte.front();
-    if (lettre >= 'A' && lettre <= 'Z')
-        return static_cast<char>(lettre - 'A' + 'a');
-    return lettre >= 'a' && lettre <= 'z' ? lettre : '\0';
-}
-
 std::string Capitale(char lettre)
 {
-    return lettre ? std::string(1, static_cast<char>(lettre - 'a' + 'A')) : "";
+    return lettre ? std::string(1, LettreCapitale(lettre)) : std::string();
 }
 
-bool LireMedia(const std::string& catalogue, MediaConnu& media)
+char LettreDe(std::string_view texte)
 {
-    Base base = OpenDatabase(BaseCourante());
-    Recordset lignes = base.OpenRecordset("Select * from Catalogue where  Num = " + catalogue + " order by  Label asc");
+    return texte.empty() ? char{0} : LettreBasse(texte.front());
+}
+
+bool LireMediaConnu(const std::string& catalogue, MediaConnu& media)
+{
+    Base base = OuvrirBase();
+    Recordset lignes = LireMedia(base, catalogue);
     if (lignes.Eof())
         return false;
     media.serie = lignes.Texte("NSerie");
     media.total = lignes.Texte("Total");
     media.libre = lignes.Texte("Libre");
-    media.unite = Lettre(lignes.Texte("Unite"));
-    media.disque = Lettre(lignes.Texte("Disque"));
+    media.unite = LettreDe(lignes.Texte("Unite"));
+    media.disque = LettreDe(lignes.Texte("Disque"));
     media.demande.label = lignes.Texte("Label");
     media.demande.identifiant = lignes.Texte("Identifiant");
     media.demande.icone = lignes.Texte("Icone");
@@ -59,30 +57,35 @@ std::string Chercher(char lettre, const EntreeCataloguee& entree, bool dossier)
     return CheminReel(lettre, {entree.noms.begin(), entree.noms.end() - 1});
 }
 
-bsDrive LireLecteur(char lettre)
-{
-    bsDrive lecteur;
-    if (lettre)
-        lecteur.GetInfo(Capitale(lettre));
-    return lecteur;
-}
+// What a look at the drives where the media should be has shown.
+struct Constat {
+    std::string chemin;  // empty: not found there
+    bool autreSerie = false, autreCapacite = false;
+};
 
-void DireDifferences(const MediaConnu& media, const bsDrive& lecteur, Dialogues& dialogues)
+Constat Constater(const MediaConnu& media, const EntreeCataloguee& entree, bool dossier)
 {
-    if (lecteur.DriveSerial() != media.serie)
-        dialogues.Informer("Le N de série du média ne correspond pas ...");
-    if (FormatCapacite(lecteur.DriveSpaceTotal()) != media.total ||
-        FormatCapacite(lecteur.DriveSpaceFree()) != media.libre)
-        dialogues.Informer("La capicité du média ne correspond pas ...");
+    Constat constat;
+    constat.chemin = Chercher(media.unite, entree, dossier);
+    if (!constat.chemin.empty())
+        return constat;
+
+    bsDrive lecteur;
+    if (const char lettre = media.disque ? media.disque : media.unite)
+        lecteur.GetInfo(Capitale(lettre));
+    constat.autreSerie = lecteur.DriveSerial() != media.serie;
+    constat.autreCapacite = FormatCapacite(lecteur.DriveSpaceTotal()) != media.total ||
+                            FormatCapacite(lecteur.DriveSpaceFree()) != media.libre;
+    if (media.disque && !constat.autreSerie)
+        constat.chemin = Chercher(media.disque, entree, dossier);
+    return constat;
 }
 
 // The name that the media gave to a directory; its node may show another one, given by the user.
 std::string NomReel(Base& base, const ArbreCatalogue::Noeud& noeud)
 {
     const CleNoeud cle = AnalyserCle(noeud.cle);
-    Recordset ligne = cle.archive ? base.OpenRecordset("Select * from Liste where Num = " + cle.code)
-                                  : base.OpenRecordset("Select * from Liste where RepertoirePere = '" + cle.code +
-                                                       "' and NCatalogue = " + cle.catalogue);
+    Recordset ligne = cle.archive ? LigneNumero(base, cle.code) : LigneRepertoire(base, cle.catalogue, cle.code);
     return std::string(ligne.Eof() ? noeud.texte : ligne.Texte("Nom"));
 }
 
@@ -95,7 +98,7 @@ EntreeCataloguee EntreeNoeud(const ArbreCatalogue& arbre)
     if (media == ArbreCatalogue::Aucun)
         return entree;
     entree.catalogue = AnalyserCle(arbre[media].cle).catalogue;
-    Base base = OpenDatabase(BaseCourante());
+    Base base = OuvrirBase();
     for (int32_t noeud = arbre.Selection(); noeud != media; noeud = arbre[noeud].parent)
         entree.noms.push_back(NomReel(base, arbre[noeud]));
     std::reverse(entree.noms.begin(), entree.noms.end());
@@ -108,37 +111,36 @@ EntreeCataloguee EntreeItem(const ArbreCatalogue& arbre, const ItemListe& item)
     if (entree.catalogue.empty())
         return entree;
     const CleItem cle = AnalyserCleItem(item.cle);
-    Base base = OpenDatabase(BaseCourante());
-    Recordset ligne = base.OpenRecordset(item.EstRepertoire() ? "Select * from Liste where RepertoirePere = '" +
-                                                                    cle.code + "' and NCatalogue = " + cle.catalogue
-                                                              : "Select * from Liste where Num = " + cle.code);
+    Base base = OuvrirBase();
+    Recordset ligne =
+        item.EstRepertoire() ? LigneRepertoire(base, cle.catalogue, cle.code) : LigneNumero(base, cle.code);
     entree.noms.emplace_back(ligne.Eof() ? item.cellules[ColNom] : ligne.Texte("Nom"));
     return entree;
 }
 
-std::string LocaliserEntree(const EntreeCataloguee& entree, bool dossier, Dialogues& dialogues, ChoixLecteur& choix)
+void LocaliserEntree(const EntreeCataloguee& entree, bool dossier, Consultation& lecteurs, Dialogues& dialogues,
+                     ChoixLecteur& choix, std::function<void(const std::string&)> trouve)
 {
     MediaConnu media;
-    if (entree.catalogue.empty() || !LireMedia(entree.catalogue, media))
-        return {};
-    const std::string chemin = Chercher(media.unite, entree, dossier);
-    if (!chemin.empty())
-        return chemin;
-
-    const char lettre = media.disque ? media.disque : media.unite;
-    const bsDrive lecteur = LireLecteur(lettre);
-    if (media.disque && lecteur.DriveSerial() == media.serie) {
-        const std::string deplace = Chercher(media.disque, entree, dossier);
-        if (!deplace.empty())
-            return deplace;
+    if (entree.catalogue.empty() || !LireMediaConnu(entree.catalogue, media)) {
+        trouve({});
+        return;
     }
-    DireDifferences(media, lecteur, dialogues);
-    media.demande.invite = " L'unité actuelle : " + Capitale(lettre) + ":";
-    return Chercher(Lettre(std::string(1, choix.Choisir(media.demande))), entree, dossier);
-}
-
-bool OuvrirEntree(const EntreeCataloguee& entree, bool dossier, Dialogues& dialogues, ChoixLecteur& choix)
-{
-    const std::string chemin = LocaliserEntree(entree, dossier, dialogues, choix);
-    return !chemin.empty() && OuvrirAvecBureau(chemin);
+    const auto constat = std::make_shared<Constat>();
+    const auto demander = [=, &lecteurs, &dialogues, &choix, trouve = std::move(trouve)] {
+        if (!constat->chemin.empty()) {
+            trouve(constat->chemin);
+            return;
+        }
+        if (constat->autreSerie)
+            dialogues.Informer("Le N de série du média ne correspond pas ...");
+        if (constat->autreCapacite)
+            dialogues.Informer("La capicité du média ne correspond pas ...");
+        MediaDemande demande = media.demande;
+        demande.invite = " L'unité actuelle : " + Capitale(media.disque ? media.disque : media.unite) + ":";
+        const char lettre = LettreBasse(choix.Choisir(demande));
+        lecteurs.Demander([=](const std::stop_token&) { constat->chemin = Chercher(lettre, entree, dossier); },
+                          [=] { trouve(constat->chemin); });
+    };
+    lecteurs.Demander([=](const std::stop_token&) { *constat = Constater(media, entree, dossier); }, demander);
 }

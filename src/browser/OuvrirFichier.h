@@ -1,10 +1,12 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "catalogue/ArbreCatalogue.h"
 #include "catalogue/ListeFichiers.h"
+#include "commun/Consultation.h"
 #include "commun/Dialogues.h"
 #include "extraction/ChoixLecteur.h"
 
@@ -18,9 +20,9 @@ struct EntreeCataloguee {
 EntreeCataloguee EntreeItem(const ArbreCatalogue& arbre, const ItemListe& item);
 EntreeCataloguee EntreeNoeud(const ArbreCatalogue& arbre);
 
-// Real path of the entry or, with `dossier`, of the directory that holds it. Looks in the drive that the media was read
-// from, in the one it was last found in, then in the one that the user chooses. Empty when it is nowhere.
-std::string LocaliserEntree(const EntreeCataloguee& entree, bool dossier, Dialogues& dialogues, ChoixLecteur& choix);
-
-// Locates the entry and hands it to the desktop; false when nothing was opened.
-bool OuvrirEntree(const EntreeCataloguee& entree, bool dossier, Dialogues& dialogues, ChoixLecteur& choix);
+// Finds the real path of an entry or, with `dossier`, of the directory that holds it, and hands it to `trouve`, which
+// gets an empty one when it is nowhere. Looks in the drive that the media was read from, in the one it was last found
+// in, then in the one that the user chooses; the drives are asked beside the window's thread. `dialogues`, `choix` and
+// `lecteurs` must live as long as the search.
+void LocaliserEntree(const EntreeCataloguee& entree, bool dossier, Consultation& lecteurs, Dialogues& dialogues,
+                     ChoixLecteur& choix, std::function<void(const std::string& chemin)> trouve);

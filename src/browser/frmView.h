@@ -1,57 +1,63 @@
 #pragma once
 
+#include <atomic>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include <QMainWindow>
 #include <QTimer>
 
-#include "browser/ChargerArbre.h"
+#include "browser/ActionsVue.h"
 #include "browser/ImagesCatalogue.h"
 #include "browser/ModeleArbre.h"
 #include "browser/ModeleListe.h"
 #include "browser/Navigateur.h"
-#include "browser/OuvrirFichier.h"
+#include "browser/PanneauxVue.h"
+#include "commun/Consultation.h"
 #include "commun/Dialogues.h"
-
-class DelegueGrille;
-class QAbstractItemView;
-class QActionGroup;
-class QLabel;
-class QListView;
-class QPlainTextEdit;
-class QProgressBar;
-class QSplitter;
-class QStackedWidget;
-class QTreeView;
+#include "commun/Travail.h"
+#include "extraction/ChoixLecteur.h"
 
 // The browser: the catalogue as a tree on the left, what the selected node holds on the right, and its description.
-class frmView : public QMainWindow, private ChoixLecteur {
+// Loading, reading and sorting are pieces of `travail`; what is on the screen changes between them only.
+class frmView : public QMainWindow {
+    Q_OBJECT
+
 public:
-    explicit frmView(Dialogues& dialogues, QWidget* parent = nullptr);
+    frmView(Dialogues& dialogues, ChoixLecteur& choixLecteur, Travail& travail, QWidget* parent = nullptr);
     ~frmView() override;
 
-    std::function<void()> demanderAjout;      // the user wants to read a media
-    std::function<void()> demanderQuitter;    // the user wants to end the program
-    std::function<void()> demanderRecherche;  // the search window must take the place of this one
-    std::function<bool()> fermer;             // the window is being closed; false keeps it open
-    std::function<char(const MediaDemande&)> choisirLecteur;
-    // A path for a base, to be written or read; empty when the user gives up. The file dialog unless given otherwise.
-    std::function<std::string(const char* titre, bool ecrire)> choisirFichier;
-
-    // Fills the tree when that is due. `progression` takes the share done, for a window that waits.
-    void ChargerArbre(const std::function<void(double part)>& progression = {});
+    // Fills the tree when that is due; `chargement` and `charge` tell of it. False when there is nothing to do.
+    bool ChargerArbre();
 
     void tvTreeView_Click();
     void lvListView_Click();
-    void Btn_recherche();
 
-    // For a result of the search: the tree, to which nodes may be added; the node with a key is selected and its
-    // entries read, false when there is none; then one of these entries is selected, or the tree takes the focus.
-    ArbreCatalogue& Arbre() { return navigateur_.arbre; }
-    bool AtteindreNoeud(std::string_view cle);
-    void AtteindreItem(std::string_view cle);
+    // Shows an entry that another window has found: the node with the first key, to which `preparer` may add nodes,
+    // then the item of its list with the second key (none: the tree takes the focus). `fini` is told whether the node
+    // was there; what is shown has then changed already, but for the item.
+    struct Cible {
+        std::string cleNoeud, cleItem;
+        std::function<void(ArbreCatalogue&)> preparer;
+        std::function<void(bool trouve)> fini;
+    };
+    void Atteindre(const Cible& cible);
+
+    // What the preferences change in this window.
+    void RelireOptions();
+    // Keeps what closing keeps: place, state, columns.
+    void Memoriser();
+
+signals:
+    void ajoutVoulu();       // the user wants to read a media
+    void rechercheVoulue();  // the search window must take the place of this one
+    void preferencesVoulues();
+    void sortieVoulue();     // the user wants to end the program
+    void fermetureVoulue();  // the window is to be closed; it stays until somebody hides it
+    void chargement(double part);
+    void charge();
 
 protected:
     void closeEvent(QCloseEvent* evenement) override;
@@ -59,66 +65,47 @@ protected:
     bool eventFilter(QObject* objet, QEvent* evenement) override;
 
 private:
-    char Choisir(const MediaDemande& media) override;
-
-    void CreerActions();
     void CreerMenus();
-    void CreerVues();
-    void CreerPanneaux();
-    QAction* CreerAction(const char* texte, const char* image = nullptr, const QKeySequence& touches = {});
-    void PreparerVue(QAbstractItemView& vue);
-    QAbstractItemView* VueListe() const;
-
+    void Relier();
     void LireReglages();
-    void RelireOptions();
-    void OuvrirPreferences();
-    void EcrireReglages();
-    void LirePlace();
 
+    void Executer(Commande commande);
+    void ChangerDeBase(const std::function<bool()>& changer);
     void MontrerBase();
+
+    void Montrer(Lecture& lecture);
     void MontrerNavigateur();
     void MontrerTitreIcone();
-    void Avancer(double part, bool visible = true);
-    void Occuper(bool occupe);
+    void ViderNavigateur();
+    void AtteindreItem(std::string_view cle);
     void SelectionnerNoeud();
-    void ApresChangementDeBase(bool change);
+    void Occuper(bool occupe);
+    void Suivre();
+    void Activer();
 
     void ChoisirAffichage(int mode);
     void TrierColonne(int colonne);
-    void ActiverCommandes();
     void OuvrirItem();
     void Lancer(bool dossier);
     void MenuArbre(const QPoint& place);
     void MenuListe(const QPoint& place);
 
     Dialogues& dialogues_;
+    ChoixLecteur& choixLecteur_;
+    Travail& travail_;
+    Consultation lecteurs_;
+    IconesExtensions icones_;
     Navigateur navigateur_;
+    TriListe tri_;
     ImagesCatalogue images_;
     ModeleArbre* modeleArbre_;
     ModeleListe* modeleListe_;
+    ActionsVue actions_;
+    PanneauxVue panneaux_;
+
     bool enChargement_ = false;
     bool selectionProgrammee_ = false;
-
-    QTreeView* tvTreeView_ = nullptr;
-    QTreeView* lvRapport_ = nullptr;
-    DelegueGrille* grille_ = nullptr;
-    QListView* lvIcones_ = nullptr;
-    QStackedWidget* lvListView_ = nullptr;
-    QPlainTextEdit* description_ = nullptr;
-    QLabel* iconeTitre_ = nullptr;
-    QLabel* titre_ = nullptr;
-    QLabel* commentaire_ = nullptr;
-    QProgressBar* barre_ = nullptr;
-    QSplitter* separateurVertical_ = nullptr;
-    QSplitter* separateurHorizontal_ = nullptr;
-
-    QAction* repert_[4];  // create, open, copy, delete
-    QAction* supprimer_;  // the tool bar's own delete
-    QAction* ajouter_;
-    QAction* rechercher_;
-    QAction* preferences_;
-    QAction* quitter_;
-    QAction* fichier1_[2];  // launch, open the folder
-    QActionGroup* aff_;
-    QTimer noeudAMontrer_, itemAMontrer_;
+    std::string itemVoulu_;                      // to be selected when its node has been read
+    std::shared_ptr<std::atomic<double>> part_;  // of the work that runs
+    QTimer noeudAMontrer_, itemAMontrer_, suivi_;
 };

@@ -1,50 +1,18 @@
 #include "catalogue/ArbreCatalogue.h"
 
-#include <algorithm>
-
-void ArbreCatalogue::Vider()
-{
-    noeuds_.clear();
-    cases_.clear();
-    textes_.Vider();
-    icones_.clear();
-    selection_ = Aucun;
-    ++generation_;
-}
-
-size_t ArbreCatalogue::Case(std::string_view cle) const
-{
-    const size_t masque = cases_.size() - 1;
-    size_t place = std::hash<std::string_view>()(cle) & masque;
-    while (cases_[place] != Aucun && (*this)[cases_[place]].cle != cle)
-        place = (place + 1) & masque;
-    return place;
-}
-
-void ArbreCatalogue::Agrandir()
-{
-    cases_.assign(std::max<size_t>(cases_.size() * 2, 1024), Aucun);
-    for (int32_t i = 0; i < Nombre(); ++i)
-        cases_[Case(noeuds_[static_cast<size_t>(i)].cle)] = i;
-}
-
 int32_t ArbreCatalogue::Chercher(std::string_view cle) const
 {
-    return cases_.empty() ? Aucun : cases_[Case(cle)];
+    return cles_.Chercher(Empreinte(cle), EstLaCle(cle));
 }
 
 int32_t ArbreCatalogue::Ajouter(int32_t parent, std::string_view cle, std::string_view texte, int16_t image,
                                 int16_t imageSelection)
 {
-    if (cle.empty())
-        return Aucun;
-    if (cases_.size() < (noeuds_.size() + 1) * 2)
-        Agrandir();
-    const size_t place = Case(cle);
-    if (cases_[place] != Aucun)
+    const auto nouveau = static_cast<int32_t>(noeuds_.size());
+    if (cle.empty() || !cles_.Ajouter(Empreinte(cle), nouveau, EstLaCle(cle), EmpreinteDe()))
         return Aucun;
 
-    const int32_t nouveau = Nombre();
+    ++nombre_;
     Noeud& noeud = noeuds_.emplace_back();
     noeud.cle = textes_.Ranger(cle);
     noeud.texte = textes_.Ranger(texte);
@@ -52,7 +20,6 @@ int32_t ArbreCatalogue::Ajouter(int32_t parent, std::string_view cle, std::strin
     noeud.niveau = 1;
     noeud.image = image;
     noeud.imageSelection = imageSelection;
-    cases_[place] = nouveau;
     if (parent == Aucun)
         return nouveau;
 
@@ -65,6 +32,61 @@ int32_t ArbreCatalogue::Ajouter(int32_t parent, std::string_view cle, std::strin
         noeuds_[static_cast<size_t>(pere.dernierEnfant)].suivant = nouveau;
     pere.dernierEnfant = nouveau;
     return nouveau;
+}
+
+void ArbreCatalogue::Retirer(int32_t noeud)
+{
+    const int32_t suivant = (*this)[noeud].suivant, pere = (*this)[noeud].parent;
+    int32_t dessus = selection_;
+    while (dessus != Aucun && dessus != noeud)
+        dessus = (*this)[dessus].parent;
+    if (dessus == noeud)
+        selection_ = suivant != Aucun ? suivant : pere;
+    Delier(noeud);
+
+    // From the leaves up, along the links, so that nesting has no limit.
+    int32_t courant = noeud;
+    for (;;) {
+        while ((*this)[courant].premierEnfant != Aucun)
+            courant = (*this)[courant].premierEnfant;
+        const int32_t frere = (*this)[courant].suivant, parent = (*this)[courant].parent;
+        Oublier(courant);
+        if (courant == noeud)
+            return;
+        noeuds_[static_cast<size_t>(parent)].premierEnfant = frere;
+        courant = frere != Aucun ? frere : parent;
+    }
+}
+
+// Takes a node out of its parent's children.
+void ArbreCatalogue::Delier(int32_t noeud)
+{
+    Noeud& parti = noeuds_[static_cast<size_t>(noeud)];
+    if (parti.parent == Aucun)
+        return;
+    Noeud& pere = noeuds_[static_cast<size_t>(parti.parent)];
+    int32_t precedent = Aucun;
+    for (int32_t frere = pere.premierEnfant; frere != noeud; frere = (*this)[frere].suivant)
+        precedent = frere;
+    if (precedent == Aucun)
+        pere.premierEnfant = parti.suivant;
+    else
+        noeuds_[static_cast<size_t>(precedent)].suivant = parti.suivant;
+    if (pere.dernierEnfant == noeud)
+        pere.dernierEnfant = precedent;
+    --pere.enfants;
+    for (int32_t frere = parti.suivant; frere != Aucun; frere = (*this)[frere].suivant)
+        --noeuds_[static_cast<size_t>(frere)].rang;
+    parti.suivant = Aucun;
+}
+
+void ArbreCatalogue::Oublier(int32_t noeud)
+{
+    const std::string_view cle = (*this)[noeud].cle;
+    cles_.Retirer(Empreinte(cle), EstLaCle(cle), EmpreinteDe());
+    icones_.erase(noeud);
+    noeuds_[static_cast<size_t>(noeud)] = {};
+    --nombre_;
 }
 
 bool ArbreCatalogue::EstMedia(int32_t noeud) const

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "commun/TableNumeros.h"
 #include "commun/TextesRanges.h"
 
 // Pictures of nodes and list items, by their place in the picture lists.
@@ -26,13 +26,14 @@ inline constexpr uint32_t CouleurNoire = 0;
 inline constexpr uint32_t CouleurRouge = 255;  // colours are RGB longs: red in the low byte
 
 // The tree of the catalogue: nodes in the order of their making, found by key, linked to parent, children and next
-// sibling by their places. Root is at level 1, media at 2. Holds a million nodes in some hundred megabytes.
+// sibling by their places. Root is at level 1, media at 2. A node that is removed leaves its place empty; places are
+// never given again. Holds a million nodes in some hundred megabytes. For one thread at a time.
 class ArbreCatalogue {
 public:
     static constexpr int32_t Aucun = -1;
 
     struct Noeud {
-        std::string_view cle, texte;
+        std::string_view cle, texte;  // no key: an empty place
         int32_t parent = Aucun;
         int32_t premierEnfant = Aucun, dernierEnfant = Aucun, suivant = Aucun;
         int32_t enfants = 0;
@@ -42,18 +43,29 @@ public:
         int16_t image = SansImage, imageSelection = SansImage;
     };
 
-    void Vider();
-
     // Place of the new node; Aucun when the key is empty or taken. A parent of Aucun makes a root.
     int32_t Ajouter(int32_t parent, std::string_view cle, std::string_view texte, int16_t image = SansImage,
                     int16_t imageSelection = SansImage);
     int32_t Chercher(std::string_view cle) const;
 
-    int32_t Nombre() const { return static_cast<int32_t>(noeuds_.size()); }
+    // Takes a node and all below it out. A selection among them moves to the next sibling, else to the parent. Costs no
+    // more than the siblings and the nodes that go.
+    void Retirer(int32_t noeud);
+
+    int32_t Nombre() const { return nombre_; }
     const Noeud& operator[](int32_t noeud) const { return noeuds_[static_cast<size_t>(noeud)]; }
     bool EstMedia(int32_t noeud) const;
     // The node of the media below which a node lies; Aucun for the root.
     int32_t Media(int32_t noeud) const;
+
+    // Hands every node over, in the order of their making.
+    template <typename Recevoir>
+    void Parcourir(const Recevoir& recevoir) const
+    {
+        for (size_t i = 0; i < noeuds_.size(); ++i)
+            if (!noeuds_[i].cle.empty())
+                recevoir(static_cast<int32_t>(i), noeuds_[i]);
+    }
 
     void Renommer(int32_t noeud, std::string_view texte);
     void Colorer(int32_t noeud, uint32_t couleur);
@@ -70,18 +82,24 @@ public:
     const std::string& Tag() const { return tag_; }
     void FixerTag(std::string_view cle) { tag_ = cle; }
 
-    // Changes with each Vider, so that a loop that lets events run sees that its nodes are gone.
-    uint64_t Generation() const { return generation_; }
-
 private:
-    size_t Case(std::string_view cle) const;
-    void Agrandir();
+    auto EstLaCle(std::string_view cle) const
+    {
+        return [this, cle](int32_t noeud) { return (*this)[noeud].cle == cle; };
+    }
+    auto EmpreinteDe() const
+    {
+        return [this](int32_t noeud) { return Empreinte((*this)[noeud].cle); };
+    }
+    static size_t Empreinte(std::string_view cle) { return std::hash<std::string_view>()(cle); }
+    void Delier(int32_t noeud);
+    void Oublier(int32_t noeud);
 
     std::vector<Noeud> noeuds_;
-    std::vector<int32_t> cases_;  // open addressing, a power of two
+    int32_t nombre_ = 0;
+    TableNumeros cles_;
     TextesRanges textes_;
     std::unordered_map<int32_t, std::string> icones_;
     std::string tag_;
     int32_t selection_ = Aucun;
-    uint64_t generation_ = 0;
 };

@@ -11,6 +11,11 @@ std::string CodeRepertoire(int64_t nombre)
     return fmt::format("{:09}", nombre);
 }
 
+std::string CodeArchive(int64_t ligne, int64_t media, int64_t place)
+{
+    return "A" + Str(ligne) + Str(media + place - 1);
+}
+
 CleNoeud AnalyserCle(std::string_view cle)
 {
     CleNoeud resultat;
@@ -26,6 +31,7 @@ CleNoeud AnalyserCle(std::string_view cle)
     resultat.valide = true;
     resultat.catalogue = avant;
     resultat.code = apres;
+    resultat.contenu = resultat.archive ? cle : apres;
     return resultat;
 }
 
@@ -41,12 +47,32 @@ bool EstCleDansArchive(std::string_view cle)
 
 std::string CleRepertoire(int64_t catalogue, std::string_view code)
 {
-    return Str(catalogue) + "-" + std::string(code);
+    return Str(catalogue).append("-").append(code);
+}
+
+std::string CleRepertoire(std::string_view catalogue, std::string_view code)
+{
+    return std::string(" ").append(catalogue).append("-").append(code);
+}
+
+std::string CleMedia(int64_t catalogue)
+{
+    return CleRepertoire(catalogue, CodeRacine);
 }
 
 std::string CleArchive(int64_t ligne, int64_t catalogue)
 {
     return "A" + Str(ligne) + Str(catalogue);
+}
+
+std::string CleFichier(int64_t catalogue, int64_t ligne)
+{
+    return CleRepertoire(catalogue, Str(ligne));
+}
+
+std::string CleResultatDe(int64_t catalogue, std::string_view code, int64_t ligne)
+{
+    return CleRepertoire(catalogue, code).append("#").append(Str(ligne));
 }
 
 CleItem AnalyserCleItem(std::string_view cle)

@@ -5,14 +5,27 @@
 
 #include "catalogue/ArbreCatalogue.h"
 #include "catalogue/Cles.h"
+#include "store/Base.h"
 
-// Parts the picture block at the head of a description from the text.
-std::string SeparerPhoto(std::string_view description, std::string& photo);
+// Descriptions: free text, "<photo>" path "</photo>" ahead of it when a picture is linked.
 
-// Description of the selected node; `photo` takes the path of the picture linked to it, or is left empty.
-std::string LireDescriptionNoeud(const ArbreCatalogue& arbre, std::string& photo);
+struct Description {
+    std::string texte;
+    std::string photo;  // path of the picture; empty without one
 
+    bool operator==(const Description&) const = default;
+};
+
+// A stored description in its two parts, and back.
+Description SeparerPhoto(std::string_view stockee);
+std::string JoindrePhoto(const Description& description);
+
+// Of the selected node; empty for the root and for a name with "'".
+Description LireDescriptionNoeud(Base& base, const ArbreCatalogue& arbre);
+
+// Of an item of the list, a directory by its code and the name shown, a file by the number of its row.
 enum class TypeItem { Repertoire, Fichier };  // "Rep", "Fic"
+Description LireDescriptionItem(Base& base, TypeItem type, const CleItem& cle, std::string_view nom);
 
-// Description of an item, by directory code and name or by row number.
-std::string LireDescriptionItem(TypeItem type, const CleItem& cle, std::string_view nom, std::string& photo);
+// Of a result of the search, by its number and the name shown.
+Description LireDescriptionResultat(Base& base, const CleResultat& cle, std::string_view nom);

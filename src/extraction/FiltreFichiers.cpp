@@ -1,5 +1,6 @@
 #include "extraction/FiltreFichiers.h"
 
+#include "commun/Formes.h"
 #include "commun/Motif.h"
 
 const std::vector<FiltreFichiers>& FiltresFichiers()
@@ -17,12 +18,8 @@ const std::vector<FiltreFichiers>& FiltresFichiers()
 
 bool CorrespondFiltre(std::string_view motifs, std::string_view nom)
 {
-    while (!motifs.empty()) {
-        const size_t fin = motifs.find(';');
-        const std::string_view motif = motifs.substr(0, fin);
-        if (motif == "*.*" || CorrespondMotif(motif, nom))
+    while (!motifs.empty())
+        if (const std::string_view motif = Detacher(motifs, ';'); motif == "*.*" || CorrespondMotif(motif, nom))
             return true;
-        motifs.remove_prefix(fin == std::string_view::npos ? motifs.size() : fin + 1);
-    }
     return false;
 }

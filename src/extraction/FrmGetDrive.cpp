@@ -87,7 +87,7 @@ void FrmGetDrive::Valider()
     accept();
 }
 
-char DemanderLecteur(const MediaDemande& media)
+char ChoixParFenetre::Choisir(const MediaDemande& media)
 {
     FrmGetDrive fenetre(media, QApplication::activeWindow());
     fenetre.exec();

@@ -27,5 +27,8 @@ private:
     char lettre_ = 0;
 };
 
-// Shows it over the active window. Capital letter of the chosen drive, 0 when the user gave up.
-char DemanderLecteur(const MediaDemande& media);
+// Shows it over the active window.
+class ChoixParFenetre : public ChoixLecteur {
+public:
+    char Choisir(const MediaDemande& media) override;
+};

@@ -2,11 +2,9 @@
 
 #include <algorithm>
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -77,7 +75,8 @@ void Garder(QWidget* controle)
 
 }  // namespace
 
-FrmSemiAuto::FrmSemiAuto(Dialogues& dialogues, QWidget* parent) : QWidget(parent, Qt::Window), dialogues_(dialogues)
+FrmSemiAuto::FrmSemiAuto(Dialogues& dialogues, Travail& travail, QWidget* parent)
+    : QWidget(parent, Qt::Window), dialogues_(dialogues), travail_(travail)
 {
     GarantirBase(true);
     setWindowTitle("Ajout des Médias");
@@ -98,8 +97,8 @@ FrmSemiAuto::FrmSemiAuto(Dialogues& dialogues, QWidget* parent) : QWidget(parent
     connect(&suivi_, &QTimer::timeout, this, &FrmSemiAuto::Suivre);
     auto* raccourci = new QShortcut(QKeySequence::Quit, this);
     connect(raccourci, &QShortcut::activated, this, [this] {
-        if (!EnCours() && quitter)
-            quitter();
+        if (!EnCours())
+            emit sortieVoulue();
     });
 
     LibelleOK(false);
@@ -113,11 +112,11 @@ FrmSemiAuto::FrmSemiAuto(Dialogues& dialogues, QWidget* parent) : QWidget(parent
 
 FrmSemiAuto::~FrmSemiAuto()
 {
-    if (!fil_.joinable())
+    if (!extraction_)
         return;
     extraction_->Abandonner();
-    fil_.join();
-    QApplication::restoreOverrideCursor();
+    travail_.Arreter(Place::Course);
+    travail_.Attendre();
 }
 
 QWidget* FrmSemiAuto::CreerMedias()
@@ -308,9 +307,8 @@ QWidget* FrmSemiAuto::CreerBarre()
     bouton->setObjectName("Bouton");
     bouton->setToolTip(" Cliquer ICI pour visualiser les médias mémorisés ");
     connect(bouton, &QPushButton::clicked, this, [this] {
-        EnregistrerPlace(*this, "TopExtract", "LeftExtract");
-        if (voirCatalogue)
-            voirCatalogue();
+        Memoriser();
+        emit catalogueVoulu();
     });
     auto* mise = new QHBoxLayout(barre_);
     mise->setContentsMargins(0, 0, 0, 0);
@@ -383,10 +381,10 @@ void FrmSemiAuto::AfficherLecteur(uint32_t type)
 
 void FrmSemiAuto::ChoisirDossier()
 {
-    const QString dossier = QFileDialog::getExistingDirectory(this, "Dossier à cataloguer");
-    if (dossier.isEmpty())
+    const std::string dossier = dialogues_.ChoisirDossier("Dossier à cataloguer");
+    if (dossier.empty())
         return;
-    const char lettre = LettreDuDossier(dossier.toStdString());
+    const char lettre = LettreDuDossier(dossier);
     if (lettre == 0) {
         dialogues_.Informer("Aucune lettre de lecteur n'est libre pour ce dossier !");
         return;
@@ -518,12 +516,15 @@ void FrmSemiAuto::DemarrerFil(int64_t media, bool lecteurVide)
          {static_cast<QWidget*>(repertoires_), static_cast<QWidget*>(fichiers_), static_cast<QWidget*>(descriptions_),
           static_cast<QWidget*>(progression_), static_cast<QWidget*>(pourcentage_)})
         controle->show();
-    QApplication::setOverrideCursor(Qt::BusyCursor);
+    setCursor(Qt::BusyCursor);
     Suivre();
-    fil_ = std::thread([this] {
-        fin_ = extraction_->Executer();
-        finie_ = true;
-    });
+    travail_.Demander(
+        Place::Course, [this](const std::stop_token&) { fin_ = extraction_->Executer(); },
+        [this] {
+            finie_ = true;
+            if (!questionPosee_)
+                Terminer();
+        });
     suivi_.start();
 }
 
@@ -533,16 +534,18 @@ void FrmSemiAuto::Abandonner()
     questionPosee_ = true;
     const bool oui = dialogues_.Demander("Voulez-vous réellement abandonner la recherche ?");
     questionPosee_ = false;
-    if (!oui) {
+    if (oui) {
+        etat_ = Etat::Finissant;
+        extraction_->Abandonner();
+        LibelleOK(false);
+        ok_->setEnabled(false);
+        liste_->clear();
+        ligne_->clear();
+    } else {
         fermerEnsuite_ = false;
-        return;
     }
-    etat_ = Etat::Finissant;
-    extraction_->Abandonner();
-    LibelleOK(false);
-    ok_->setEnabled(false);
-    liste_->clear();
-    ligne_->clear();
+    if (finie_)
+        Terminer();
 }
 
 void FrmSemiAuto::Suivre()
@@ -557,19 +560,17 @@ void FrmSemiAuto::Suivre()
         progression_->setValue(static_cast<int>(std::clamp(avancement.part, 0.0, 1.0) * PleineBarre));
         ligne_->setText(QString::fromStdString(avancement.ligne));
     }
-    if (finie_ && !questionPosee_)
-        Terminer();
 }
 
 void FrmSemiAuto::Terminer()
 {
     suivi_.stop();
-    fil_.join();
+    Suivre();
     const bool abandonnee = etat_ == Etat::Finissant || fin_ == FinExtraction::Abandonnee;
     // The answer came when the last row was already written: the media goes all the same.
     if (abandonnee && fin_ == FinExtraction::Complete)
         SupprimerMedia(Str(ok_->property("media").toLongLong()));
-    QApplication::restoreOverrideCursor();
+    unsetCursor();
     if (!abandonnee && fin_ == FinExtraction::Complete)
         Conclure();
 
@@ -626,17 +627,21 @@ void FrmSemiAuto::ExitRecherche()
     RemplirListe();
 }
 
+void FrmSemiAuto::Memoriser()
+{
+    EnregistrerPlace(*this, "TopExtract", "LeftExtract");
+}
+
 void FrmSemiAuto::closeEvent(QCloseEvent* evenement)
 {
+    evenement->ignore();
     if (EnCours()) {
-        evenement->ignore();
         if (etat_ == Etat::Course && !questionPosee_) {
             fermerEnsuite_ = true;
             Abandonner();
         }
         return;
     }
-    EnregistrerPlace(*this, "TopExtract", "LeftExtract");
-    if (fermee)
-        fermee();
+    Memoriser();
+    emit fermetureVoulue();
 }

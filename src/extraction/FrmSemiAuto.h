@@ -1,14 +1,12 @@
 #pragma once
 
-#include <atomic>
-#include <functional>
 #include <memory>
-#include <thread>
 
 #include <QTimer>
 #include <QWidget>
 
 #include "commun/Dialogues.h"
+#include "commun/Travail.h"
 #include "extraction/Extraction.h"
 #include "extraction/bsDrive.h"
 
@@ -26,17 +24,22 @@ class QPushButton;
 class QToolButton;
 
 // The extraction wizard: the user picks a drive, names the media and starts or abandons the run, which works on a
-// thread of its own and is looked at 20 times a second.
+// worker and is looked at 20 times a second.
 class FrmSemiAuto : public QWidget {
+    Q_OBJECT
+
 public:
-    explicit FrmSemiAuto(Dialogues& dialogues, QWidget* parent = nullptr);
+    FrmSemiAuto(Dialogues& dialogues, Travail& travail, QWidget* parent = nullptr);
     ~FrmSemiAuto() override;
 
-    std::function<void()> voirCatalogue;  // the button bar
-    std::function<void()> fermee;         // the window has closed
-    std::function<void()> quitter;        // the exit procedure is wanted
-
     bool EnCours() const { return etat_ != Etat::Repos; }
+    // Keeps the window's place.
+    void Memoriser();
+
+signals:
+    void catalogueVoulu();   // the button bar
+    void fermetureVoulue();  // the window is to be closed; it stays until somebody hides it
+    void sortieVoulue();     // the user wants to end the program
 
 protected:
     void closeEvent(QCloseEvent* evenement) override;
@@ -76,6 +79,7 @@ private:
     void ExitRecherche();
 
     Dialogues& dialogues_;
+    Travail& travail_;
     bsDrive lecteur_;
     InfosLecteur infos_;
     char lettre_ = 0;
@@ -84,8 +88,7 @@ private:
     bool questionPosee_ = false;
     bool fermerEnsuite_ = false;
     std::unique_ptr<Extraction> extraction_;
-    std::thread fil_;
-    std::atomic<bool> finie_ = false;
+    bool finie_ = false;
     FinExtraction fin_ = FinExtraction::Complete;  // the worker's until finie_ is set
     QTimer suivi_;
 

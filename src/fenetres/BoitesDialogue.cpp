@@ -1,6 +1,8 @@
 #include "fenetres/BoitesDialogue.h"
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -24,4 +26,24 @@ bool BoitesDialogue::Demander(const std::string& question, const std::string& ti
     boite.setEscapeButton(non);
     boite.exec();
     return boite.clickedButton() == oui;
+}
+
+std::string BoitesDialogue::ChoisirFichier(const DemandeFichier& demande)
+{
+    QFileDialog dialogue(QApplication::activeWindow(), QString::fromStdString(demande.titre));
+    dialogue.setNameFilter(QString::fromStdString(demande.filtre));
+    dialogue.setAcceptMode(demande.ecrire ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialogue.setFileMode(demande.ecrire ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialogue.setOption(QFileDialog::DontConfirmOverwrite, !demande.confirmer);
+    dialogue.setDefaultSuffix(QString::fromStdString(demande.suffixe));
+    const QFileInfo depart(QString::fromStdString(demande.depart));
+    dialogue.setDirectory(depart.isDir() ? depart.absoluteFilePath() : depart.absolutePath());
+    if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty())
+        return {};
+    return dialogue.selectedFiles().first().toStdString();
+}
+
+std::string BoitesDialogue::ChoisirDossier(const std::string& titre)
+{
+    return QFileDialog::getExistingDirectory(QApplication::activeWindow(), QString::fromStdString(titre)).toStdString();
 }

@@ -21,8 +21,8 @@ QString Nom(char lettre)
 
 }  // namespace
 
-FenetreLecteurs::FenetreLecteurs(Dialogues& dialogues, std::function<std::string()> choisirDossier, QWidget* parent)
-    : QWidget(parent), dialogues_(dialogues), choisirDossier_(std::move(choisirDossier)), liste_(new QTreeWidget)
+FenetreLecteurs::FenetreLecteurs(Dialogues& dialogues, QWidget* parent)
+    : QWidget(parent), dialogues_(dialogues), liste_(new QTreeWidget)
 {
     liste_->setObjectName("ListeLecteurs");
     liste_->setAccessibleName("Lecteurs");
@@ -99,7 +99,7 @@ void FenetreLecteurs::ActiverRetrait()
 
 void FenetreLecteurs::Donner()
 {
-    const std::string dossier = choisirDossier_();
+    const std::string dossier = dialogues_.ChoisirDossier("Dossier à voir comme lecteur");
     if (dossier.empty())
         return;
     const char lettre = libres_->currentData().toChar().toLatin1();

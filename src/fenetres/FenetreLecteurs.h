@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,7 +16,7 @@ class QTreeWidget;
 // away again. The machine is looked at when this is shown.
 class FenetreLecteurs : public QWidget {
 public:
-    FenetreLecteurs(Dialogues& dialogues, std::function<std::string()> choisirDossier, QWidget* parent = nullptr);
+    explicit FenetreLecteurs(Dialogues& dialogues, QWidget* parent = nullptr);
 
 protected:
     void showEvent(QShowEvent* evenement) override;
@@ -29,7 +28,6 @@ private:
     void Retirer();
 
     Dialogues& dialogues_;
-    std::function<std::string()> choisirDossier_;
     std::vector<LettreDonnee> lettres_;
     QTreeWidget* liste_;
     QComboBox* libres_;

@@ -106,17 +106,34 @@ DateHeure EnDateLocale(int64_t temps)
     return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
 }
 
-std::string DateCourte(const DateHeure& date)
+namespace {
+QString FormatDateEntiere()
 {
-    constexpr size_t limite = 20'000;
-    thread_local std::unordered_map<int64_t, std::string> connues;
-    const int64_t cle = (int64_t{date.annee} * 16 + date.mois) * 32 + date.jour;
-    if (const auto connue = connues.find(cle); connue != connues.end())
-        return connue->second;
-    if (connues.size() >= limite)
-        connues.clear();
-    const QString texte = QLocale().toString(QDate(date.annee, date.mois, date.jour), QLocale::ShortFormat);
-    return connues[cle] = texte.toStdString();
+    QString format = QLocale().dateFormat(QLocale::ShortFormat);
+    if (!format.contains("yyyy"))
+        format.replace("yy", "yyyy");
+    return format;
+}
+}  // namespace
+
+std::string DateCourteEntiere(const DateHeure& date)
+{
+    return QLocale().toString(QDate(date.annee, date.mois, date.jour), FormatDateEntiere()).toStdString();
+}
+
+bool LireDateCourte(const std::string& texte, DateHeure& date)
+{
+    const QDate lue = QLocale().toDate(QString::fromStdString(texte), FormatDateEntiere());
+    if (!lue.isValid())
+        return false;
+    date = {lue.year(), lue.month(), lue.day()};
+    return true;
+}
+
+DateHeure Aujourdhui()
+{
+    const QDate jour = QDate::currentDate();
+    return {jour.year(), jour.month(), jour.day()};
 }
 
 const std::string& HeureLongue(int heure, int minute, int seconde)

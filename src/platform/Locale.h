@@ -17,6 +17,10 @@ struct DateHeure {
 // From 100 ns units since 1 January 1601 UTC to local date and time.
 DateHeure EnDateLocale(int64_t temps);
 
-std::string DateCourte(const DateHeure& date);
+// The short date, its year always in full, and back; false for a text that is no such date.
+std::string DateCourteEntiere(const DateHeure& date);
+bool LireDateCourte(const std::string& texte, DateHeure& date);
+DateHeure Aujourdhui();
+
 // Long time text, without a time zone ("14:05:33").
 const std::string& HeureLongue(int heure, int minute, int seconde);

@@ -5,14 +5,12 @@
 
 #include "catalogue/Cles.h"
 #include "catalogue/Descriptions.h"
-#include "commun/Formes.h"
-#include "search/RechercheLabel.h"
-#include "store/Base.h"
-#include "store/CycleBase.h"
+#include "catalogue/Lignes.h"
+#include "catalogue/Medias.h"
+#include "catalogue/OuvrirBase.h"
+#include "catalogue/TexteArbre.h"
 
 namespace {
-
-constexpr std::string_view CodeRacine = "000000001";
 
 struct Etape {
     std::string nom, cle, cleParent;
@@ -23,38 +21,34 @@ struct Etape {
 bool LireElementArbre(Base& base, const std::string& catalogue, const std::string& code, Etape& etape,
                       std::string& pere)
 {
-    Recordset media = base.OpenRecordset("Select * from Catalogue where  Num = " + catalogue + " order by  Label asc");
-    const std::string_view texte = media.Texte("Tree");
-    const std::string cherche = "#" + etape.cle + "#";
-    const size_t place = texte.find(cherche);
-    if (place == texte.npos)
+    Recordset media = LireMedia(base, catalogue);
+    ElementArbre element;
+    if (!ChercherElement(media.Texte("Tree"), etape.cle, element))
         return false;
-    const size_t debut = texte.rfind(';', place) + 1, fin = texte.find(';', place);
-    etape.cleParent = texte.substr(debut, place - debut);
-    etape.nom = texte.substr(place + cherche.size(), fin == texte.npos ? fin : fin - place - cherche.size());
+    etape.cleParent = element.cleParent;
+    etape.nom = element.texte;
     pere = AnalyserCle(etape.cleParent).code;
     return !pere.empty() && pere != code;
 }
 
 bool LireRepertoire(Base& base, const std::string& catalogue, const std::string& code, Etape& etape, std::string& pere)
 {
-    etape.cle = " " + catalogue + "-" + code;
-    Recordset ligne = base.OpenRecordset("select * from Liste where RepertoirePere = '" + code +
-                                         "' and NCatalogue = " + catalogue + " order by Nom");
+    etape.cle = CleRepertoire(catalogue, code);
+    Recordset ligne = LigneRepertoire(base, catalogue, code);
     if (ligne.Eof())
         return LireElementArbre(base, catalogue, code, etape, pere);
-    if (ligne.Texte("attribut") != "D")
+    if (!EstRepertoire(ligne.Texte("attribut")))
         return false;
     pere = ligne.Texte("Répertoire");
     etape.nom = ligne.Texte("Nom");
-    etape.cleParent = " " + catalogue + "-" + pere;
+    etape.cleParent = CleRepertoire(catalogue, pere);
     return true;
 }
 
 // The directories from that of the result up to, not including, the top of the media.
-std::vector<Etape> Remonter(Base& base, const ItemListe& resultat)
+std::vector<Etape> Remonter(Base& base, std::string_view cleResultat)
 {
-    const CleResultat cle = AnalyserCleResultat(resultat.cle);
+    const CleResultat cle = AnalyserCleResultat(cleResultat);
     std::vector<Etape> etapes;
     std::set<std::string> vus;  // a damaged base may hold a ring
     std::string code = AnalyserCle(cle.noeud).code, pere;
@@ -68,43 +62,32 @@ std::vector<Etape> Remonter(Base& base, const ItemListe& resultat)
 
 }  // namespace
 
-int32_t Generer_Arborescence(ArbreCatalogue& arbre, const ItemListe& resultat)
+int32_t Generer_Arborescence(ArbreCatalogue& arbre, std::string_view cleResultat)
 {
-    Base base = OpenDatabase(BaseCourante());
-    const std::vector<Etape> etapes = Remonter(base, resultat);
+    Base base = OuvrirBase();
+    const std::vector<Etape> etapes = Remonter(base, cleResultat);
     for (auto etape = etapes.rbegin(); etape != etapes.rend(); ++etape)
         if (const int32_t parent = arbre.Chercher(etape->cleParent); parent != ArbreCatalogue::Aucun)
             arbre.Ajouter(parent, etape->cle, etape->nom, ImageRepertoire, ImageRepertoireOuvert);
-    return arbre.Chercher(AnalyserCleResultat(resultat.cle).noeud);
+    return arbre.Chercher(AnalyserCleResultat(cleResultat).noeud);
 }
 
-std::string Generer_Arborescence_Lite(const ItemListe& resultat)
+std::string Generer_Arborescence_Lite(std::string_view cleResultat)
 {
-    Base base = OpenDatabase(BaseCourante());
-    const std::string catalogue = AnalyserCleResultat(resultat.cle).catalogue;
+    Base base = OuvrirBase();
+    const std::string catalogue = AnalyserCleResultat(cleResultat).catalogue;
     if (catalogue.empty())
         return {};
-    Recordset media = base.OpenRecordset("Select * from Catalogue where  Num = " + catalogue + " order by  Label asc");
+    Recordset media = LireMedia(base, catalogue);
     std::string chemin(media.Texte("Label"));
-    const std::vector<Etape> etapes = Remonter(base, resultat);
+    const std::vector<Etape> etapes = Remonter(base, cleResultat);
     for (auto etape = etapes.rbegin(); etape != etapes.rend(); ++etape)
         chemin.append("\\").append(etape->nom);
     return chemin;
 }
 
-std::string AfficherDescriptionInfobulle(const std::string& ligne, const std::string& catalogue, std::string_view nom)
+std::string AfficherDescriptionInfobulle(const ItemListe& resultat)
 {
-    if (ligne.empty() || catalogue.empty())
-        return {};
-    Base base = OpenDatabase(BaseCourante());
-    const std::string fin = std::string(nom) + "' order by nom asc";
-    Recordset lignes = base.OpenRecordset("Select * from Liste where Num= " + ligne + " and NCatalogue = " + catalogue +
-                                          " and Nom = '" + fin);
-    if (lignes.Eof())
-        lignes = base.OpenRecordset("Select * from Liste where Num = " + ligne + " and NCatalogue = " + catalogue +
-                                    " and Alias = '" + fin);
-    if (lignes.Eof() || lignes.EstNul("Description"))
-        return {};
-    std::string photo;
-    return SeparerPhoto(lignes.Texte("Description"), photo);
+    Base base = OuvrirBase();
+    return LireDescriptionResultat(base, AnalyserCleResultat(resultat.cle), resultat.cellules[ColNom]).texte;
 }

@@ -2,20 +2,21 @@
 
 #include <algorithm>
 
+#include "catalogue/Medias.h"
+#include "catalogue/OuvrirBase.h"
 #include "commun/Formes.h"
 #include "commun/Texte.h"
-#include "store/Base.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
 namespace {
 
-ChoixMedias ChargerMedias(const char* requete, const char* champ)
+ChoixMedias ChargerMedias(const char* champ)
 {
     ChoixMedias choix;
     choix.textes.emplace_back(Tous);
-    Base base = OpenDatabase(BaseCourante());
-    for (Recordset medias = base.OpenRecordset(requete); !medias.Eof(); medias.MoveNext()) {
+    Base base = OuvrirBase();
+    for (Recordset medias = TousLesMedias(base); !medias.Eof(); medias.MoveNext()) {
         choix.textes.emplace_back(medias.Texte(champ));
         choix.numeros.push_back(medias.Entier("Num"));
     }
@@ -43,13 +44,10 @@ int64_t NombreSaisies()
 std::vector<std::string> ChargerExtension()
 {
     std::vector<std::string> extensions;
-    std::string_view reste = ListeExtensions();
-    while (!reste.empty()) {
-        const size_t fin = reste.find('|');
-        if (const std::string_view extension = reste.substr(0, fin); !Trim(extension).empty())
+    const std::string connues = ListeExtensions();
+    for (std::string_view reste = connues; !reste.empty();)
+        if (const std::string_view extension = Detacher(reste, '|'); !Trim(extension).empty())
             extensions.emplace_back(extension);
-        reste.remove_prefix(fin == reste.npos ? reste.size() : fin + 1);
-    }
     std::sort(extensions.begin(), extensions.end(),
               [](const std::string& a, const std::string& b) { return ComparerFrancais(a, b) < 0; });
     extensions.emplace(extensions.begin(), Tous);
@@ -63,12 +61,12 @@ int64_t ChoixMedias::Numero(int rang) const
 
 ChoixMedias ChargerIdentifiant()
 {
-    return ChargerMedias("select * from Catalogue  order by label", "Identifiant");
+    return ChargerMedias("Identifiant");
 }
 
 ChoixMedias ChargerLabel()
 {
-    return ChargerMedias("select * from Catalogue  order by Label", "Label");
+    return ChargerMedias("Label");
 }
 
 std::vector<std::string> LireSaisies()

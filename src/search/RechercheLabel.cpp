@@ -9,9 +9,10 @@
 #include <fmt/ranges.h>
 
 #include "catalogue/Cles.h"
+#include "catalogue/ItemsListe.h"
+#include "catalogue/Lignes.h"
+#include "catalogue/OuvrirBase.h"
 #include "commun/Formes.h"
-#include "platform/Ceder.h"
-#include "store/Base.h"
 #include "store/CycleBase.h"
 #include "store/IndexNoms.h"
 
@@ -27,7 +28,7 @@ public:
 
     bool Lire(ItemListe& item)
     {
-        const bool repertoire = lignes_.Texte(champs_.attribut) == "D";
+        const bool repertoire = EstRepertoire(lignes_.Texte(champs_.attribut));
         if (repertoire && filtre_.mode != FiltreAucun)
             return false;
         const std::string_view nom = lignes_.Texte(champs_.nom);
@@ -36,8 +37,8 @@ public:
             return false;
 
         item = FaireItem(lignes_, champs_, false, textes_);
-        cle_ = CleRepertoire(lignes_.Entier(champs_.catalogue), lignes_.Texte(repertoire ? champs_.code : contenant_));
-        cle_.append("#").append(Str(lignes_.Entier(champs_.num)));
+        cle_ = CleResultatDe(lignes_.Entier(champs_.catalogue), lignes_.Texte(repertoire ? champs_.code : contenant_),
+                             lignes_.Entier(champs_.num));
         item.cle = cle_;
         if (repertoire) {
             const std::string_view texte = item.cellules[ColNom];
@@ -74,15 +75,16 @@ std::string TexteParNumeros(const std::string& corps, const int64_t* debut, cons
 }
 
 // Rows come by number here: what the select's order is in, name and then number, is made up for at the end.
-void LireCandidats(std::vector<int64_t> candidats, const DemandeRecherche& demande, const FiltreRecherche& filtre,
-                   ListeFichiers& liste, IconesExtensions& icones, const EcouteRecherche& ecoute)
+ListeFichiers LireCandidats(std::vector<int64_t> candidats, const DemandeRecherche& demande,
+                            const FiltreRecherche& filtre, IconesExtensions& icones, const std::stop_token& arret,
+                            std::atomic<int32_t>& nombre)
 {
-    const Interruption interruption(ecoute.annulee);
-    Base base = OpenDatabase(BaseCourante());
+    ListeFichiers liste;
+    Base base = OuvrirBase(arret);
     const std::string corps = CorpsRecherche(demande);
     std::unordered_map<int32_t, std::string> nomsSousAlias;
     ItemListe item;
-    for (size_t place = 0; place < candidats.size() && !interruption.Demandee(); place += CandidatsParRequete) {
+    for (size_t place = 0; place < candidats.size() && !arret.stop_requested(); place += CandidatsParRequete) {
         const int64_t* debut = candidats.data() + place;
         const int64_t* fin = debut + std::min(CandidatsParRequete, candidats.size() - place);
         Recordset lignes = base.OpenRecordset(TexteParNumeros(corps, debut, fin));
@@ -94,60 +96,44 @@ void LireCandidats(std::vector<int64_t> candidats, const DemandeRecherche& deman
                 nomsSousAlias.emplace(liste.Nombre(), nom);
             liste.Ajouter(item);
         }
-        if (ecoute.progression)
-            ecoute.progression(liste.Nombre());
-        Ceder();
-    }
-    if (interruption.Demandee()) {
-        liste.Vider();
-        return;
+        nombre = liste.Nombre();
     }
     std::vector<int64_t>().swap(candidats);  // sorting takes room of its own
-    liste.TrierSelon(
-        [&](int32_t indice, std::string_view montre) {
-            const auto cache = nomsSousAlias.find(indice);
-            return cache == nomsSousAlias.end() ? montre : std::string_view(cache->second);
-        },
-        ColNom, false);
+    liste.Ordonner(liste.Trier(ColNom, false, arret, [&](int32_t indice, std::string_view montre) {
+        const auto cache = nomsSousAlias.find(indice);
+        return cache == nomsSousAlias.end() ? montre : std::string_view(cache->second);
+    }));
+    return liste;
 }
 
 }  // namespace
 
-void RechercheLabel(const DemandeRecherche& demande, const FiltreRecherche& filtre, ListeFichiers& liste,
-                    IconesExtensions& icones, const EcouteRecherche& ecoute)
+ListeFichiers RechercheLabel(const DemandeRecherche& demande, const FiltreRecherche& filtre, IconesExtensions& icones,
+                             const std::stop_token& arret, std::atomic<int32_t>& nombre)
 {
-    liste.Vider();
     // A "'" may change what the select means.
     const bool dansLesNoms = !demande.descriptions && demande.mot.find('\'') == std::string::npos;
     std::optional<std::vector<int64_t>> candidats;
-    if (dansLesNoms) {
-        const Interruption interruption(ecoute.annulee);
-        if (PreparerIndexNoms(BaseCourante()))
-            candidats = CandidatsNoms(BaseCourante(), demande.mot);
-    }
-    if (candidats)
-        LireCandidats(std::move(*candidats), demande, filtre, liste, icones, ecoute);
-    else
-        RechercheLabel(TexteRecherche(demande), filtre, liste, icones, ecoute);
+    if (dansLesNoms && PreparerIndexNoms(BaseCourante(), arret))
+        candidats = CandidatsNoms(BaseCourante(), demande.mot);
+    if (!candidats)
+        return RechercheLabel(TexteRecherche(demande), filtre, icones, arret, nombre);
+    ListeFichiers liste = LireCandidats(std::move(*candidats), demande, filtre, icones, arret, nombre);
+    return arret.stop_requested() ? ListeFichiers() : std::move(liste);
 }
 
-void RechercheLabel(const std::string& requete, const FiltreRecherche& filtre, ListeFichiers& liste,
-                    IconesExtensions& icones, const EcouteRecherche& ecoute)
+ListeFichiers RechercheLabel(const std::string& requete, const FiltreRecherche& filtre, IconesExtensions& icones,
+                             const std::stop_token& arret, std::atomic<int32_t>& nombre)
 {
-    liste.Vider();
-    Base base = OpenDatabase(BaseCourante());
-    const Interruption interruption(ecoute.annulee);
+    ListeFichiers liste;
+    Base base = OuvrirBase(arret);
     Recordset lignes = base.OpenRecordset(requete);
     Resultats resultats(lignes, filtre, icones);
     ItemListe item;
-    for (; !lignes.Eof() && !interruption.Demandee(); lignes.MoveNext()) {
-        if (resultats.Lire(item)) {
+    for (; !lignes.Eof(); lignes.MoveNext()) {
+        if (resultats.Lire(item))
             liste.Ajouter(item);
-            if (ecoute.progression && liste.Nombre() % 256 == 1)
-                ecoute.progression(liste.Nombre());
-        }
-        Ceder();
+        nombre.store(liste.Nombre(), std::memory_order_relaxed);
     }
-    if (interruption.Demandee())
-        liste.Vider();
+    return arret.stop_requested() ? ListeFichiers() : std::move(liste);
 }

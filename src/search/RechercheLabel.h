@@ -1,23 +1,21 @@
 #pragma once
 
-#include <functional>
+#include <atomic>
+#include <cstdint>
+#include <stop_token>
 #include <string>
 
+#include "catalogue/IconesExtensions.h"
 #include "catalogue/ListeFichiers.h"
 #include "search/Requete.h"
 
-struct EcouteRecherche {
-    std::function<bool()> annulee;                    // asked at every row, and while the engine works towards one
-    std::function<void(int32_t nombre)> progression;  // results so far; how many there will be nobody knows
-};
-
-// Fills the list with the rows of the current base that the select finds and the filter lets pass, in the order of the
-// select. Rows without a type are left out, directories too as soon as something is filtered. A search that is
-// cancelled, or that the engine refuses, leaves the list empty.
-void RechercheLabel(const std::string& requete, const FiltreRecherche& filtre, ListeFichiers& liste,
-                    IconesExtensions& icones, const EcouteRecherche& ecoute = {});
+// The rows of the current base that the select finds and the filter lets pass, in the order of the select. Rows without
+// a type are left out, directories too as soon as something is filtered. Empty when it was asked to stop or the engine
+// refuses. `nombre` takes the results so far; how many there will be nobody knows.
+ListeFichiers RechercheLabel(const std::string& requete, const FiltreRecherche& filtre, IconesExtensions& icones,
+                             const std::stop_token& arret, std::atomic<int32_t>& nombre);
 
 // The same for what the window asks. In names alone it looks through the base's file of names, where there is one or
 // can be, and asks the engine about the rows found there only.
-void RechercheLabel(const DemandeRecherche& demande, const FiltreRecherche& filtre, ListeFichiers& liste,
-                    IconesExtensions& icones, const EcouteRecherche& ecoute = {});
+ListeFichiers RechercheLabel(const DemandeRecherche& demande, const FiltreRecherche& filtre, IconesExtensions& icones,
+                             const std::stop_token& arret, std::atomic<int32_t>& nombre);

@@ -1,5 +1,6 @@
 #include "search/frmRecherche.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <QApplication>
@@ -11,16 +12,15 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QStringListModel>
 #include <QToolButton>
 #include <QTreeView>
 
-#include "browser/frmView.h"
 #include "catalogue/Cles.h"
 #include "commun/Formes.h"
 #include "fenetres/Place.h"
@@ -42,86 +42,124 @@ std::string CleColonne(int colonne)
     return "RecL" + std::to_string(colonne + 1);
 }
 
-std::string CleDate(int rang)
-{
-    return "Date" + Str(rang);
-}
-
-// The user's short date, its year always in full: a caption that is kept must be read back as the same day.
-QString FormatDate()
-{
-    QString format = QLocale().dateFormat(QLocale::ShortFormat);
-    if (!format.contains("yyyy"))
-        format.replace("yy", "yyyy");
-    return format;
-}
-
-QString EnTag(const QDate& date)
-{
-    return date.toString("yyyyMMdd");
-}
-
-void Remplir(QComboBox& choix, const std::vector<std::string>& textes, std::string_view cle)
+void Remplir(QComboBox& choix, const EtatRecherche::Liste& liste)
 {
     choix.clear();
-    for (const std::string& texte : textes)
+    for (const std::string& texte : liste.textes)
         choix.addItem(EnQString(texte));
-    choix.setCurrentIndex(GetSettingEntier(SectionSettings, cle, 0, static_cast<int>(textes.size()) - 1));
+    choix.setCurrentIndex(liste.rang);
 }
 
 }  // namespace
 
-frmRecherche::frmRecherche(Dialogues& dialogues, frmView& vue, QWidget* parent)
+frmRecherche::frmRecherche(Dialogues& dialogues, Travail& travail, QWidget* parent)
     : QMainWindow(parent),
       dialogues_(dialogues),
-      vue_(vue),
+      travail_(travail),
       images_(icones_),
       modeleListe_(new ModeleListe(liste_, images_, this)),
-      historique_(new QStringListModel(this))
+      panneaux_(*this, *modeleListe_)
 {
     setWindowTitle("Velourne - Recherche");
     setContextMenuPolicy(Qt::NoContextMenu);
-    setCentralWidget(CreerCentre());
-    CreerStatut();
-    CreerCalendrier();
-    infobulle_ = new Infobulle(this);
-    Colorer();
+    Relier();
     PlacerFenetrePrincipale(*this);
-    LireReglages();
+    MontrerEtat();
     ChargerHistorique();
     ChargerChoix();
     Occuper(false);
+}
 
+// The list goes first: what it shows lies in this window. What was asked for this window stops.
+frmRecherche::~frmRecherche()
+{
+    for (const Place place : {Place::Recherche, Place::Tri})
+        travail_.Arreter(place);
+    travail_.Attendre();
+    delete takeCentralWidget();
+}
+
+void frmRecherche::Relier()
+{
+    RelierCriteres();
+    RelierListe();
+    connect(panneaux_.ok, &QPushButton::clicked, this, &frmRecherche::PresserOK);
+    connect(panneaux_.catalogue, &QPushButton::clicked, this, &QWidget::close);
+    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &frmRecherche::Echapper);
+    connect(new QShortcut(QKeySequence("Ctrl+Q"), this), &QShortcut::activated, this, &frmRecherche::sortieVoulue);
+    suivi_.setInterval(50);
+    connect(&suivi_, &QTimer::timeout, this, [this] {
+        if (nombre_)
+            panneaux_.commentaire->setText(EnQString(Str(*nombre_)) + " Objets");
+    });
+}
+
+void frmRecherche::RelierCriteres()
+{
+    for (int i = 0; i < PanneauxRecherche::NombreOnglets; ++i) {
+        connect(panneaux_.btn[i], &QToolButton::clicked, this, [this, i] {
+            etat_.ChoisirOnglet(i);
+            ChoisirOnglet(i);
+            panneaux_.saisie[i]->setFocus();
+        });
+        panneaux_.saisie[i]->installEventFilter(this);
+        connect(panneaux_.saisie[i], &QLineEdit::textChanged, this, &frmRecherche::Saisir);
+        // When the list of completions has closed.
+        connect(panneaux_.saisie[i], &QLineEdit::returnPressed, this, &frmRecherche::Rechercher, Qt::QueuedConnection);
+    }
+    for (int option = 0; option < NombreOptions; ++option)
+        connect(panneaux_.rec[option], &QCheckBox::clicked, this,
+                [this, option](bool active) { ChangerOption(option, active); });
+    const std::pair<QComboBox*, int> choix[] = {{panneaux_.lExt, EtatRecherche::Extensions},
+                                                {panneaux_.lIdent, EtatRecherche::Identifiants},
+                                                {panneaux_.lLables, EtatRecherche::Labels}};
+    for (const auto& [boite, liste] : choix)
+        connect(boite, &QComboBox::activated, this, [this, liste = liste](int rang) { etat_.Choisir(liste, rang); });
+    for (int rang = 0; rang < 2; ++rang)
+        connect(panneaux_.infoDate[rang], &QPushButton::clicked, this, [this, rang] { BasculerCalendrier(rang); });
+    connect(panneaux_.calendrier, &QCalendarWidget::clicked, this, &frmRecherche::ChoisirJour);
+    connect(panneaux_.calendrier, &QCalendarWidget::activated, this, &frmRecherche::ChoisirJour);
+}
+
+void frmRecherche::RelierListe()
+{
+    QTreeView* liste = panneaux_.lvListView;
+    liste->installEventFilter(this);
+    liste->viewport()->installEventFilter(this);
     // Shown when the event that selected is over: a held arrow key then reads only where it stops.
     itemAMontrer_.setSingleShot(true);
     itemAMontrer_.setInterval(0);
     connect(&itemAMontrer_, &QTimer::timeout, this, &frmRecherche::lvListView_Click);
-}
-
-// The list goes first: what it shows lies in this window.
-frmRecherche::~frmRecherche()
-{
-    delete takeCentralWidget();
+    connect(liste, &QTreeView::clicked, &itemAMontrer_, qOverload<>(&QTimer::start));
+    connect(liste, &QTreeView::doubleClicked, this, &frmRecherche::lvListView_DblClick);
+    connect(liste, &QWidget::customContextMenuRequested, this, &frmRecherche::MenuAtteindre);
+    connect(liste->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& index) {
+        if (index.isValid())
+            itemAMontrer_.start();
+    });
+    connect(liste->header(), &QHeaderView::sectionClicked, this, &frmRecherche::TrierColonne);
 }
 
 void frmRecherche::Ouvrir()
 {
+    etat_.RelireOnglet();
+    ChoisirOnglet(etat_.Onglet());
     ChargerHistorique();
     ChargerChoix();
     if (baseLue_ != BaseCourante())
         ViderResultats();
-    PrendreLaPlace(*this, vue_);
-    saisie_[onglet_]->setFocus();
-    saisie_[onglet_]->selectAll();
+    panneaux_.saisie[etat_.Onglet()]->setFocus();
+    panneaux_.saisie[etat_.Onglet()]->selectAll();
 }
 
 void frmRecherche::ChargerChoix()
 {
-    identifiants_ = ChargerIdentifiant();
-    labels_ = ChargerLabel();
-    Remplir(*lExt_, ChargerExtension(), "LExt");
-    Remplir(*lIdent_, identifiants_.textes, "LIdent");
-    Remplir(*lLables_, labels_.textes, "LLabel");
+    travail_.Executer(Place::Commande, [this] {
+        etat_.ChargerChoix();
+        Remplir(*panneaux_.lExt, etat_.Choix(EtatRecherche::Extensions));
+        Remplir(*panneaux_.lIdent, etat_.Choix(EtatRecherche::Identifiants));
+        Remplir(*panneaux_.lLables, etat_.Choix(EtatRecherche::Labels));
+    });
 }
 
 void frmRecherche::ChargerHistorique()
@@ -129,376 +167,331 @@ void frmRecherche::ChargerHistorique()
     QStringList mots;
     for (const std::string& saisie : LireSaisies())
         mots.append(EnQString(saisie));
-    if (mots != historique_->stringList())
-        historique_->setStringList(mots);
+    if (mots != panneaux_.historique->stringList())
+        panneaux_.historique->setStringList(mots);
 }
 
-void frmRecherche::LireReglages()
+void frmRecherche::MontrerEtat()
 {
     for (int option = 0; option < NombreOptions; ++option)
-        rec_[option]->setChecked(OptionActive(option));
-    lExt_->setEnabled(rec_[OptionExtensions]->isChecked());
-    MontrerDates(rec_[OptionDates]->isChecked());
+        panneaux_.rec[option]->setChecked(etat_.Option(option));
+    panneaux_.lExt->setEnabled(etat_.Option(OptionExtensions));
+    MontrerDates();
 
-    QHeaderView* entete = lvListView_->header();
+    QHeaderView* entete = panneaux_.lvListView->header();
     for (int i = 0; i < NombreColonnes; ++i)
         entete->resizeSection(i, LirePixels(SectionLvListView, CleColonne(i), entete->sectionSize(i)));
-    if (!GetSetting(SectionRecLvListView, "SortKey", "").empty())
-        tri_ = Tri{GetSettingEntier(SectionRecLvListView, "SortKey", ColTaille, NombreColonnes - 1),
-                   GetSettingEntier(SectionRecLvListView, "SortOrder", 0, 1) == 1};
-    entete->setSortIndicator(tri_ ? tri_->colonne : -1,
-                             tri_ && tri_->decroissant ? Qt::DescendingOrder : Qt::AscendingOrder);
-    ChoisirOnglet(GetSettingEntier(SectionLvListView, "Onglet", RechercheAvancee, NombreOnglets - 1));
+    const auto& tri = etat_.Tri();
+    entete->setSortIndicator(tri ? tri->colonne : -1,
+                             tri && tri->decroissant ? Qt::DescendingOrder : Qt::AscendingOrder);
+    ChoisirOnglet(etat_.Onglet());
 }
 
-void frmRecherche::EcrireReglages()
+void frmRecherche::Memoriser()
 {
     EnregistrerPlacePrincipale(*this);
     for (int i = 0; i < NombreColonnes; ++i)
-        EcrirePixels(SectionLvListView, CleColonne(i), lvListView_->header()->sectionSize(i));
+        EcrirePixels(SectionLvListView, CleColonne(i), panneaux_.lvListView->header()->sectionSize(i));
     SaveSetting(SectionSettings, "RecViewMode", VueRapport);
 }
 
 void frmRecherche::ChoisirOnglet(int onglet)
 {
-    onglet_ = onglet;
     CacherCalendrier();
-    infobulle_->Cacher();
-    for (int i = 0; i < NombreOnglets; ++i)
-        btn_[i]->setChecked(i == onglet);
-    pages_->setCurrentIndex(onglet);
-    Colorer();
+    panneaux_.infobulle->Cacher();
+    for (int i = 0; i < PanneauxRecherche::NombreOnglets; ++i)
+        panneaux_.btn[i]->setChecked(i == onglet);
+    panneaux_.pages->setCurrentIndex(onglet);
+    panneaux_.Colorer(onglet);
 }
 
 // The three boxes hold one word.
 void frmRecherche::Saisir(const QString& texte)
 {
-    mot_ = texte;
-    for (QLineEdit* boite : saisie_)
+    etat_.mot = texte.toStdString();
+    for (QLineEdit* boite : panneaux_.saisie)
         if (boite->text() != texte)
             boite->setText(texte);
 }
 
 void frmRecherche::ChangerOption(int option, bool active)
 {
-    FixerOption(option, active);
+    etat_.ChangerOption(option, active);
     if (option == OptionExtensions)
-        lExt_->setEnabled(active);
+        panneaux_.lExt->setEnabled(active);
     if (option == OptionDates)
-        MontrerDates(active);
+        MontrerDates();
 }
 
-void frmRecherche::MontrerDates(bool actives)
+void frmRecherche::MontrerDates()
 {
+    const bool actives = etat_.Option(OptionDates);
     if (!actives)
         CacherCalendrier();
     for (int rang = 0; rang < 2; ++rang) {
-        infoDate_[rang]->setEnabled(actives);
-        if (!actives) {
-            infoDate_[rang]->setText({});
-            infoDate_[rang]->setProperty("tag", {});
-            continue;
-        }
-        const QString legende = EnQString(GetSetting(SectionSettings, CleDate(rang), ""));
-        const QDate date = QLocale().toDate(legende, FormatDate());
-        FixerDate(rang, date.isValid() ? date : QDate::currentDate());
+        panneaux_.infoDate[rang]->setEnabled(actives);
+        panneaux_.infoDate[rang]->setText(EnQString(etat_.Date(rang).legende));
     }
-}
-
-void frmRecherche::FixerDate(int rang, const QDate& date)
-{
-    infoDate_[rang]->setText(QLocale().toString(date, FormatDate()));
-    infoDate_[rang]->setProperty("tag", EnTag(date));
 }
 
 void frmRecherche::BasculerCalendrier(int rang)
 {
-    const bool ouvert = cadreCalendrier_->isVisible() && dateChoisie_ == rang;
+    QFrame* cadre = panneaux_.cadreCalendrier;
+    const bool ouvert = cadre->isVisible() && dateChoisie_ == rang;
     CacherCalendrier();
     if (ouvert)
         return;
-    infobulle_->Cacher();
+    panneaux_.infobulle->Cacher();
     dateChoisie_ = rang;
-    calendrier_->setProperty("tag", rang);
-    calendrier_->setSelectedDate(QDate::fromString(infoDate_[rang]->property("tag").toString(), "yyyyMMdd"));
-    cadreCalendrier_->adjustSize();
-    const QPoint coin = infoDate_[rang]->mapTo(this, QPoint(0, infoDate_[rang]->height()));
-    cadreCalendrier_->move(std::max(std::min(coin.x(), width() - cadreCalendrier_->width()), 0),
-                           std::max(std::min(coin.y(), height() - cadreCalendrier_->height()), 0));
-    cadreCalendrier_->show();
-    cadreCalendrier_->raise();
-    calendrier_->setFocus();
+    panneaux_.calendrier->setProperty("tag", rang);
+    panneaux_.calendrier->setSelectedDate(QDate::fromString(EnQString(etat_.Date(rang).tag), "yyyyMMdd"));
+    cadre->adjustSize();
+    const QPushButton* bouton = panneaux_.infoDate[rang];
+    const QPoint coin = bouton->mapTo(this, QPoint(0, bouton->height()));
+    cadre->move(std::max(std::min(coin.x(), width() - cadre->width()), 0),
+                std::max(std::min(coin.y(), height() - cadre->height()), 0));
+    cadre->show();
+    cadre->raise();
+    panneaux_.calendrier->setFocus();
 }
 
 void frmRecherche::CacherCalendrier()
 {
-    if (!cadreCalendrier_ || cadreCalendrier_->isHidden())
+    QFrame* cadre = panneaux_.cadreCalendrier;
+    if (cadre->isHidden())
         return;
-    if (cadreCalendrier_->isAncestorOf(QApplication::focusWidget()))
-        infoDate_[dateChoisie_]->setFocus();
-    cadreCalendrier_->hide();
+    if (cadre->isAncestorOf(QApplication::focusWidget()))
+        panneaux_.infoDate[dateChoisie_]->setFocus();
+    cadre->hide();
 }
 
 void frmRecherche::ChoisirJour(const QDate& date)
 {
-    if (cadreCalendrier_->isHidden())
+    if (panneaux_.cadreCalendrier->isHidden())
         return;
-    if (dateChoisie_ == 1 && EnTag(date) < infoDate_[0]->property("tag").toString()) {
+    if (!etat_.FixerDate(dateChoisie_, date.year(), date.month(), date.day())) {
         dialogues_.Informer("Veuillez sélectionner une date >= à la date de début !");
         return;
     }
-    FixerDate(dateChoisie_, date);
-    SaveSetting(SectionSettings, CleDate(dateChoisie_), infoDate_[dateChoisie_]->text().toStdString());
+    MontrerDates();
     CacherCalendrier();
 }
 
-DemandeRecherche frmRecherche::Demande() const
-{
-    DemandeRecherche demande;
-    demande.onglet = onglet_;
-    if (onglet_ == RechercheIdentifiant)
-        demande.media = identifiants_.Numero(lIdent_->currentIndex());
-    if (onglet_ == RechercheLabelMedia)
-        demande.media = labels_.Numero(lLables_->currentIndex());
-    demande.noms = OptionActive(OptionNoms);
-    demande.descriptions = OptionActive(OptionDescriptions);
-    demande.mot = mot_.toStdString();
-    return demande;
-}
-
-FiltreRecherche frmRecherche::Filtre() const
-{
-    FiltreRecherche filtre;
-    filtre.extension = lExt_->currentText().toStdString();
-    filtre.debut = infoDate_[0]->property("tag").toString().toStdString();
-    filtre.fin = infoDate_[1]->property("tag").toString().toStdString();
-    const bool parExtension = rec_[OptionExtensions]->isChecked() && Trim(filtre.extension) != Trim(Tous);
-    const bool parDates = rec_[OptionDates]->isChecked() && !filtre.debut.empty() && !filtre.fin.empty();
-    filtre.mode = ChoisirMode(onglet_, parExtension, parDates);
-    return filtre;
-}
-
-// Pressed again while a search runs, on its stack, the button gives the search up.
+// Pressed again while a search runs, the button gives the search up.
 void frmRecherche::PresserOK()
 {
-    if (enRecherche_) {
+    if (EnRecherche())
         Annuler();
-        return;
-    }
-    Rechercher();
-    ok_->setChecked(false);
+    else
+        Rechercher();
 }
 
+// A search given up shows no result.
 void frmRecherche::Annuler()
 {
-    annulee_ = true;
-    ok_->setChecked(false);
-    ok_->setToolTip(BulleAnnuler);
-    commentaire_->setText("Annulation en cours ...");
+    travail_.Arreter(Place::Recherche);
+    panneaux_.ok->setToolTip(BulleAnnuler);
+    Recevoir({});
 }
 
 void frmRecherche::Rechercher()
 {
-    if (enRecherche_ || enOuverture_)
+    if (EnRecherche())
         return;
     CacherCalendrier();
-    saisie_[onglet_]->completer()->popup()->hide();
-    saisie_[onglet_]->setFocus();
+    QLineEdit* saisie = panneaux_.saisie[etat_.Onglet()];
+    saisie->completer()->popup()->hide();
+    saisie->setFocus();
     ViderResultats();
     baseLue_ = BaseCourante();
-    modeleListe_->Retirer();
-    annulee_ = false;
     Occuper(true);
 
-    const DemandeRecherche demande = Demande();
-    EcouteRecherche ecoute;
-    ecoute.annulee = [this] { return annulee_; };
-    ecoute.progression = [this](int32_t nombre) {
-        if (!annulee_)
-            commentaire_->setText(EnQString(Str(nombre)) + " Objets");
-    };
-    RechercheLabel(demande, Filtre(), liste_, icones_, ecoute);
-    if (tri_)
-        liste_.Trier(tri_->colonne, tri_->decroissant);
-    modeleListe_->Annoncer();
-
+    nombre_ = std::make_shared<std::atomic<int32_t>>(0);
+    const auto trouves = std::make_shared<ListeFichiers>();
+    const DemandeRecherche demande = etat_.Demande();
+    travail_.Demander(
+        Place::Recherche,
+        [this, trouves, demande, filtre = etat_.Filtre(), tri = etat_.Tri(),
+         nombre = nombre_](const std::stop_token& arret) {
+            *trouves = RechercheLabel(demande, filtre, icones_, arret, *nombre);
+            if (tri)
+                trouves->Ordonner(trouves->Trier(tri->colonne, tri->decroissant, arret));
+        },
+        [this, trouves] { Recevoir(std::move(*trouves)); });
     NoterSaisie(demande.mot);
     ChargerHistorique();
-    commentaire_->setText(EnQString(Str(liste_.Nombre())) + " Objets");
+}
+
+void frmRecherche::Recevoir(ListeFichiers trouves)
+{
+    nombre_.reset();
+    modeleListe_->Cacher();
+    liste_ = std::move(trouves);
+    modeleListe_->Annoncer();
     Occuper(false);
-    if (std::exchange(fermerEnsuite_, false))
-        close();
+    panneaux_.commentaire->setText(EnQString(Str(liste_.Nombre())) + " Objets");
 }
 
 void frmRecherche::Occuper(bool occupe)
 {
-    enRecherche_ = occupe;
-    barre_->setVisible(occupe);
-    ok_->setChecked(occupe);
-    ok_->setToolTip(occupe ? BulleAnnuler : BulleLancer);
-    ok_->setText(occupe ? "Ann&uler" : "&Rechercher");
+    panneaux_.barre->setVisible(occupe);
+    panneaux_.ok->setChecked(occupe);
+    panneaux_.ok->setToolTip(occupe ? BulleAnnuler : BulleLancer);
+    panneaux_.ok->setText(occupe ? "Ann&uler" : "&Rechercher");
     if (occupe)
-        commentaire_->setText("Recherche en cours ...");
+        panneaux_.commentaire->setText("Recherche en cours ...");
     setCursor(occupe ? Qt::WaitCursor : Qt::ArrowCursor);
+    occupe ? suivi_.start() : suivi_.stop();
 }
 
 void frmRecherche::ViderResultats()
 {
-    infobulle_->Cacher();
-    titre_->clear();
-    titre_->setToolTip({});
-    commentaire_->clear();
-    modeleListe_->Retirer();
-    liste_.Vider();
+    panneaux_.infobulle->Cacher();
+    panneaux_.titre->clear();
+    panneaux_.titre->setToolTip({});
+    panneaux_.commentaire->clear();
+    modeleListe_->Cacher();
+    liste_ = {};
     modeleListe_->Annoncer();
 }
 
-// The order kept for the next start is the one before the click turns it round: meant so.
 void frmRecherche::TrierColonne(int colonne)
 {
-    const bool avant = tri_ && tri_->decroissant;
-    SaveSetting(SectionRecLvListView, "SortKey", std::to_string(colonne));
-    SaveSetting(SectionRecLvListView, "SortOrder", avant ? "1" : "0");
-    tri_ = Tri{colonne, !avant};
-    lvListView_->header()->setSortIndicator(colonne, avant ? Qt::AscendingOrder : Qt::DescendingOrder);
-    if (enRecherche_)
-        return;
-    infobulle_->Cacher();
-    modeleListe_->Trier(colonne, !avant);
-    lvListView_->scrollTo(lvListView_->currentIndex());
+    etat_.TrierColonne(colonne);
+    const TriListe tri = *etat_.Tri();
+    panneaux_.lvListView->header()->setSortIndicator(colonne,
+                                                     tri.decroissant ? Qt::DescendingOrder : Qt::AscendingOrder);
+    panneaux_.infobulle->Cacher();
+    const auto ordre = std::make_shared<ListeFichiers::Ordre>();
+    travail_.Demander(
+        Place::Tri,
+        [this, ordre, tri](const std::stop_token& arret) {
+            *ordre = liste_.Trier(tri.colonne, tri.decroissant, arret);
+        },
+        [this, ordre] {
+            modeleListe_->Ordonner(std::move(*ordre));
+            panneaux_.lvListView->scrollTo(panneaux_.lvListView->currentIndex());
+        });
 }
 
 void frmRecherche::lvListView_Click()
 {
     CacherCalendrier();
-    const QModelIndex index = lvListView_->currentIndex();
-    if (!index.isValid() || enRecherche_)
-        return;
-    const ItemListe item = liste_[index.row()];
-    titre_->setText(" " + EnQString(Generer_Arborescence_Lite(item)));
-    titre_->setToolTip(titre_->text());
-    if (GetSettingNombre(SectionSettings, "OptionsDivers" + Str(3), 1) == 1)
-        MontrerDescription(item, index);
-    else
-        infobulle_->Cacher();
+    travail_.Executer(Place::Liste, [this] {
+        const QModelIndex index = panneaux_.lvListView->currentIndex();
+        if (!index.isValid())
+            return;
+        const ItemListe item = liste_[index.row()];
+        panneaux_.titre->setText(" " + EnQString(Generer_Arborescence_Lite(item.cle)));
+        panneaux_.titre->setToolTip(panneaux_.titre->text());
+        if (GetSettingNombre(SectionSettings, "OptionsDivers" + Str(3), 1) == 1)
+            MontrerDescription(item, index);
+        else
+            panneaux_.infobulle->Cacher();
+    });
 }
 
 void frmRecherche::MontrerDescription(const ItemListe& item, const QModelIndex& index)
 {
-    const CleResultat cle = AnalyserCleResultat(item.cle);
-    const std::string texte = AfficherDescriptionInfobulle(cle.ligne, cle.catalogue, item.cellules[ColNom]);
+    const std::string texte = AfficherDescriptionInfobulle(item);
     if (Trim(texte).empty()) {
-        infobulle_->Cacher();
+        panneaux_.infobulle->Cacher();
         return;
     }
     // Beside the pointer when it is on the result, below the result when the keyboard has come to it.
-    const QWidget* surface = lvListView_->viewport();
-    QRect ligne = lvListView_->visualRect(index.siblingAtColumn(ColNom));
+    const QWidget* surface = panneaux_.lvListView->viewport();
+    QRect ligne = panneaux_.lvListView->visualRect(index.siblingAtColumn(ColNom));
     QPoint place = ligne.bottomLeft() + QPoint(ligne.height(), -ligne.height() / 2);
     ligne.setWidth(surface->width());
     ligne.moveLeft(0);
     if (const QPoint souris = surface->mapFromGlobal(QCursor::pos()); ligne.contains(souris))
         place = souris;
-    infobulle_->Montrer(EnLignes(texte).trimmed(), surface->mapTo(this, place));
+    panneaux_.infobulle->Montrer(EnLignes(texte).trimmed(), surface->mapTo(this, place));
 }
 
 void frmRecherche::lvListView_DblClick()
 {
-    const QModelIndex index = lvListView_->currentIndex();
-    if (!index.isValid() || enRecherche_ || enOuverture_)
+    const QModelIndex index = panneaux_.lvListView->currentIndex();
+    if (!index.isValid())
         return;
-    enOuverture_ = true;
-    infobulle_->Cacher();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    const ItemListe item = liste_[index.row()];
-    const CleResultat cle = AnalyserCleResultat(item.cle);
-    const bool repertoire = item.EstRepertoire();
-    vue_.ChargerArbre();
-    if (vue_.Arbre().Chercher(cle.noeud) == ArbreCatalogue::Aucun)
-        Generer_Arborescence(vue_.Arbre(), item);
-    const bool trouve = vue_.AtteindreNoeud(cle.noeud);
-    QApplication::restoreOverrideCursor();
-    enOuverture_ = false;
-    if (!trouve) {
-        commentaire_->setText("Introuvable dans l'arborescence du catalogue");
-        return;
-    }
-    EcrireReglages();
-    PrendreLaPlace(vue_, *this);
-    vue_.AtteindreItem(repertoire ? std::string() : cle.item);
+    panneaux_.infobulle->Cacher();
+    emit resultatVoulu(liste_[index.row()]);
+}
+
+void frmRecherche::ResultatAtteint(bool trouve)
+{
+    if (!trouve)
+        panneaux_.commentaire->setText("Introuvable dans l'arborescence du catalogue");
+    else
+        Memoriser();
 }
 
 void frmRecherche::MenuAtteindre(const QPoint& place)
 {
-    if (!lvListView_->currentIndex().isValid())
+    if (!panneaux_.lvListView->currentIndex().isValid())
         return;
-    infobulle_->Cacher();
+    panneaux_.infobulle->Cacher();
     QMenu menu(this);
     menu.setObjectName("MenuAtteindre");
     connect(menu.addAction("Atteindre"), &QAction::triggered, this, &frmRecherche::lvListView_DblClick);
-    menu.exec(lvListView_->viewport()->mapToGlobal(place));
+    menu.exec(panneaux_.lvListView->viewport()->mapToGlobal(place));
 }
 
 // One step back: what lies over the window first, then the search, then the window.
 void frmRecherche::Echapper()
 {
-    if (!cadreCalendrier_->isHidden())
+    if (!panneaux_.cadreCalendrier->isHidden())
         CacherCalendrier();
-    else if (enRecherche_)
+    else if (EnRecherche())
         Annuler();
-    else if (infobulle_->isVisible())
-        infobulle_->Cacher();
+    else if (panneaux_.infobulle->isVisible())
+        panneaux_.infobulle->Cacher();
     else
         close();
 }
 
 void frmRecherche::closeEvent(QCloseEvent* evenement)
 {
-    if (enRecherche_ || enOuverture_) {
-        fermerEnsuite_ = enRecherche_;
-        if (enRecherche_)
-            Annuler();
-        evenement->ignore();
-        return;
-    }
-    EcrireReglages();
+    evenement->ignore();
+    if (EnRecherche())
+        Annuler();
+    Memoriser();
     CacherCalendrier();
     ViderResultats();
     Saisir({});
-    PrendreLaPlace(vue_, *this);
+    emit fermetureVoulue();
 }
 
 void frmRecherche::changeEvent(QEvent* evenement)
 {
     QMainWindow::changeEvent(evenement);
-    if (evenement->type() == QEvent::PaletteChange && infobulle_)
-        Colorer();
+    if (evenement->type() == QEvent::PaletteChange)
+        panneaux_.Colorer(etat_.Onglet());
 }
 
 void frmRecherche::resizeEvent(QResizeEvent* evenement)
 {
     QMainWindow::resizeEvent(evenement);
     CacherCalendrier();
-    if (infobulle_)
-        infobulle_->Cacher();
+    panneaux_.infobulle->Cacher();
 }
 
 bool frmRecherche::eventFilter(QObject* objet, QEvent* evenement)
 {
     const QEvent::Type type = evenement->type();
+    const QWidget* surface = panneaux_.lvListView->viewport();
     if (type == QEvent::KeyPress)
         return Touche(objet, static_cast<QKeyEvent*>(evenement)->key()) || QMainWindow::eventFilter(objet, evenement);
-    if (type == QEvent::MouseMove && objet == lvListView_->viewport() && infobulle_->isVisible())
-        infobulle_->Suivre(
-            lvListView_->viewport()->mapTo(this, static_cast<QMouseEvent*>(evenement)->position().toPoint()));
+    if (type == QEvent::MouseMove && objet == surface && panneaux_.infobulle->isVisible())
+        panneaux_.infobulle->Suivre(surface->mapTo(this, static_cast<QMouseEvent*>(evenement)->position().toPoint()));
     // One tip at a time.
-    return (type == QEvent::ToolTip && infobulle_->isVisible()) || QMainWindow::eventFilter(objet, evenement);
+    return (type == QEvent::ToolTip && panneaux_.infobulle->isVisible()) || QMainWindow::eventFilter(objet, evenement);
 }
 
 // True for a key that is used up.
 bool frmRecherche::Touche(QObject* objet, int touche)
 {
-    if (objet == lvListView_ && (touche == Qt::Key_Return || touche == Qt::Key_Enter)) {
+    if (objet == panneaux_.lvListView && (touche == Qt::Key_Return || touche == Qt::Key_Enter)) {
         lvListView_DblClick();
         return true;
     }

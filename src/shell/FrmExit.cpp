@@ -1,14 +1,11 @@
 #include "shell/FrmExit.h"
 
 #include <QCloseEvent>
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QProgressBar>
 #include <QScreen>
 #include <QVBoxLayout>
-#include <QWindow>
 
 FrmExit::FrmExit(QWidget* parent) : QWidget(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint)
 {
@@ -39,16 +36,12 @@ FrmExit::FrmExit(QWidget* parent) : QWidget(parent, Qt::Dialog | Qt::CustomizeWi
 void FrmExit::Montrer(const QString& texte, const QWidget* devant)
 {
     texte_->setText(texte);
+    barre_->setRange(0, 0);
     setMinimumWidth(fontMetrics().averageCharWidth() * 55);
     adjustSize();
     const QRect cadre = devant ? devant->frameGeometry() : QGuiApplication::primaryScreen()->geometry();
     move(cadre.center() - rect().center());
     show();
-    // The display server must have exposed the window before long work starts; it is not waited for for ever.
-    const QDeadlineTimer delai(200);
-    while (!windowHandle()->isExposed() && !delai.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 5);
-    repaint();
 }
 
 void FrmExit::Avancer(const QString& texte, double part)

@@ -1,17 +1,12 @@
 #include "shell/FrmMain.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "extraction/FrmSemiAuto.h"
 #include "fenetres/Place.h"
-#include "shell/FrmExit.h"
-#include "shell/ProcedureSortie.h"
-#include "store/CycleBase.h"
 
 namespace {
 
@@ -24,11 +19,9 @@ QString Image(const QToolButton* bouton, bool survol)
 
 }  // namespace
 
-FrmMain::FrmMain(Dialogues& dialogues, std::function<Vue(FrmMain&)> creerVue)
-    : terminer([] { QCoreApplication::exit(0); }), dialogues_(dialogues), creerVue_(std::move(creerVue))
+FrmMain::FrmMain(QWidget* parent) : QWidget(parent, Qt::Window)
 {
     setWindowTitle("Velourne");
-    InitialiserBase();
 
     auto* entete = new QLabel("Velourne");
     QFont grande = entete->font();
@@ -58,14 +51,12 @@ FrmMain::FrmMain(Dialogues& dialogues, std::function<Vue(FrmMain&)> creerVue)
     mise->addLayout(rangee, 1);
     mise->addWidget(commentaire_);
 
-    connect(boutons_[0], &QToolButton::clicked, this, &FrmMain::OuvrirAssistant);
-    connect(boutons_[1], &QToolButton::clicked, this, &FrmMain::OuvrirVue);
+    connect(boutons_[0], &QToolButton::clicked, this, &FrmMain::assistantVoulu);
+    connect(boutons_[1], &QToolButton::clicked, this, &FrmMain::vueVoulue);
     Commenter();
     adjustSize();
     PlacerFenetre(*this, "TopMain", "LeftMain");
 }
-
-FrmMain::~FrmMain() = default;
 
 QToolButton* FrmMain::CreerBouton(const QString& nom, const QString& texte, const char* image)
 {
@@ -117,93 +108,14 @@ void FrmMain::Commenter()
         bouton->setIcon(QIcon(Image(bouton, bouton->accessibleDescription() == texte)));
 }
 
-void FrmMain::OuvrirAssistant()
+void FrmMain::Memoriser()
 {
-    hide();
-    MontrerAssistant(false);
-}
-
-void FrmMain::AjouterMedias()
-{
-    MontrerAssistant(true);
-    vue_.fenetre->hide();
-}
-
-void FrmMain::MontrerAssistant(bool depuisVue)
-{
-    courante_ = "FrmSemiAuto";
-    assistant_ = std::make_unique<FrmSemiAuto>(dialogues_);
-    assistant_->voirCatalogue = [this] {
-        precedente_ = "FrmSemi";
-        MontrerVue(assistant_.get());
-    };
-    assistant_->quitter = [this] { Quitter(assistant_.get()); };
-    assistant_->fermee = [this, depuisVue] {
-        if (depuisVue)
-            MontrerVue(nullptr);
-        else
-            Revenir();
-    };
-    assistant_->show();
-}
-
-void FrmMain::OuvrirVue()
-{
-    precedente_ = "FrmMain";
-    MontrerVue(this);
-}
-
-void FrmMain::MontrerVue(QWidget* depuis)
-{
-    FrmExit attente;
-    const QRect geometrie = depuis ? depuis->geometry() : QRect();
-    if (depuis)
-        depuis->hide();
-    attente.Montrer("Chargement en cours ...", nullptr);
-    if (!vue_.fenetre)
-        vue_ = creerVue_(*this);
-    vue_.charger(attente);
-    // The wizard hands its place over; the start window is too small to do so.
-    if (depuis && depuis != this)
-        vue_.fenetre->setGeometry(geometrie);
-    vue_.fenetre->show();
-    vue_.fenetre->raise();
-    vue_.fenetre->activateWindow();
-    courante_ = "FrmView";
-}
-
-void FrmMain::Revenir()
-{
-    courante_ = "FrmMain";
-    show();
-    raise();
-    activateWindow();
-}
-
-bool FrmMain::FermerVue()
-{
-    if (quitte_)
-        return true;
-    if (precedente_ != "FrmMain")
-        return Quitter(vue_.fenetre.get());
-    Revenir();
-    return true;
-}
-
-bool FrmMain::Quitter(QWidget* devant)
-{
-    if (!ProcedureSortie(devant, dialogues_))
-        return false;
-    quitte_ = true;
-    terminer();
-    return true;
+    EnregistrerPlace(*this, "TopMain", "LeftMain");
 }
 
 void FrmMain::closeEvent(QCloseEvent* evenement)
 {
-    EnregistrerPlace(*this, "TopMain", "LeftMain");
-    if (quitte_ || courante_ == "FrmView" || courante_ == "FrmSemiAuto")
-        return;
-    if (!Quitter(this))
-        evenement->ignore();
+    Memoriser();
+    evenement->ignore();
+    emit fermetureVoulue();
 }

@@ -1,46 +1,24 @@
 #pragma once
 
-#include <functional>
-#include <memory>
-#include <string>
-
 #include <QWidget>
 
-#include "commun/Dialogues.h"
-
-class FrmExit;
-class FrmSemiAuto;
 class QLabel;
 class QToolButton;
 
-// The start window. It leads to the two activities, reading a media and viewing the catalogue, and holds who is in
-// front and where the user came from.
+// The start window, which leads to the two activities: reading a media and viewing the catalogue.
 class FrmMain : public QWidget {
+    Q_OBJECT
+
 public:
-    // What the start window needs of the browser.
-    struct Vue {
-        std::unique_ptr<QWidget> fenetre;
-        std::function<void(FrmExit&)> charger;  // fills the tree, reporting to the waiting window
-    };
+    explicit FrmMain(QWidget* parent = nullptr);
 
-    FrmMain(Dialogues& dialogues, std::function<Vue(FrmMain&)> creerVue);
-    ~FrmMain() override;
+    // Keeps the window's place.
+    void Memoriser();
 
-    // Ends the program; the event loop's exit unless given otherwise.
-    std::function<void()> terminer;
-
-    const std::string& FormeCourante() const { return courante_; }
-    const std::string& FormePrecedente() const { return precedente_; }
-    FrmSemiAuto* Assistant() { return assistant_.get(); }
-
-    void OuvrirAssistant();  // first button
-    void OuvrirVue();        // second button
-    void AjouterMedias();    // from the browser
-    // The browser is being closed: back to the start window when it was opened from there, else the exit procedure.
-    // False when the user refuses.
-    bool FermerVue();
-    // The exit procedure, then the end; false when the user refuses.
-    bool Quitter(QWidget* devant);
+signals:
+    void assistantVoulu();   // first button
+    void vueVoulue();        // second button
+    void fermetureVoulue();  // the window is to be closed; it stays until somebody ends the program
 
 protected:
     void closeEvent(QCloseEvent* evenement) override;
@@ -49,17 +27,7 @@ protected:
 private:
     QToolButton* CreerBouton(const QString& nom, const QString& texte, const char* image);
     void Commenter();
-    void MontrerAssistant(bool depuisVue);
-    void MontrerVue(QWidget* depuis);
-    void Revenir();
 
-    Dialogues& dialogues_;
-    std::function<Vue(FrmMain&)> creerVue_;
-    Vue vue_;
-    std::unique_ptr<FrmSemiAuto> assistant_;
-    std::string courante_ = "FrmMain";
-    std::string precedente_;
-    bool quitte_ = false;
     QToolButton* boutons_[2];
     QLabel* commentaire_;
 };

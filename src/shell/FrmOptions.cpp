@@ -1,7 +1,6 @@
 #include "shell/FrmOptions.h"
 
 #include <QCheckBox>
-#include <QFileDialog>
 #include <QListWidget>
 #include <QPushButton>
 #include <QStyledItemDelegate>
@@ -49,15 +48,12 @@ protected:
 FrmOptions::FrmOptions(Dialogues& dialogues, QWidget* parent) : QDialog(parent), onglets_(new QTabWidget)
 {
     setWindowTitle("Préférences");
-    choisirDossier = [this] {
-        return QFileDialog::getExistingDirectory(this, "Dossier à voir comme lecteur").toStdString();
-    };
     onglets_->setObjectName("Onglets");
     // Their places are kept by number: a new tab goes behind the others.
     onglets_->addTab(CreerDescriptions(), "&Descriptions");
     onglets_->addTab(CreerFreedb(), "&Freedb");
     onglets_->addTab(CreerDivers(), "Di&vers");
-    onglets_->addTab(new FenetreLecteurs(dialogues, [this] { return choisirDossier(); }), "&Lecteurs");
+    onglets_->addTab(new FenetreLecteurs(dialogues), "&Lecteurs");
     onglets_->setCurrentIndex(LireOnglet(onglets_->count()));
     connect(onglets_, &QTabWidget::currentChanged, this, [this](int onglet) {
         EcrireOnglet(onglet);

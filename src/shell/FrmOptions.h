@@ -1,8 +1,5 @@
 #pragma once
 
-#include <functional>
-#include <string>
-
 #include <QDialog>
 
 #include "commun/Dialogues.h"
@@ -15,9 +12,6 @@ class QTabWidget;
 class FrmOptions : public QDialog {
 public:
     explicit FrmOptions(Dialogues& dialogues, QWidget* parent = nullptr);
-
-    // A folder to be a drive; empty when the user gives up. The folder dialog unless given otherwise.
-    std::function<std::string()> choisirDossier;
 
 private:
     QWidget* CreerDescriptions();

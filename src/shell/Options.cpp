@@ -19,11 +19,6 @@ void EcrireOptionFreedb(size_t rang, bool active)
     OptionsDivers[rang].Ecrire(active);
 }
 
-bool GrilleVoulue()
-{
-    return GetSettingNombre(OptionsDivers[0].section, OptionsDivers[0].cle, 0) != 0;
-}
-
 size_t LireRangDescription()
 {
     const int rang = GetSettingEntier(SectionDescriptions, "Index", 1, OptionsDescriptions.size());

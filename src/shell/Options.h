@@ -57,9 +57,6 @@ inline constexpr std::array<Option, 4> OptionsDivers = {{
 // Writes a switch of OptionsFreedb, and with it the one of OptionsDivers in the same place: meant so.
 void EcrireOptionFreedb(size_t rang, bool active);
 
-// Whether the file list shows grid lines: not before the switch was touched, although it shows as on.
-bool GrilleVoulue();
-
 // Row of OptionsDescriptions last clicked, from 0; kept counted from 1.
 size_t LireRangDescription();
 void EcrireRangDescription(size_t rang);

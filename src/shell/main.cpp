@@ -7,37 +7,9 @@
 #include <QLocale>
 #include <QTranslator>
 
-#include "browser/frmView.h"
-#include "extraction/FrmGetDrive.h"
 #include "fenetres/BoitesDialogue.h"
 #include "platform/Bureau.h"
-#include "platform/Ceder.h"
-#include "search/frmRecherche.h"
-#include "shell/FrmExit.h"
-#include "shell/FrmMain.h"
-
-namespace {
-
-FrmMain::Vue CreerVue(FrmMain& principale, Dialogues& dialogues)
-{
-    auto fenetre = std::make_unique<frmView>(dialogues);
-    frmView* vue = fenetre.get();
-    vue->demanderAjout = [&principale] { principale.AjouterMedias(); };
-    vue->demanderQuitter = [&principale, vue] { principale.Quitter(vue); };
-    vue->fermer = [&principale] { return principale.FermerVue(); };
-    vue->choisirLecteur = DemanderLecteur;
-    vue->demanderRecherche = [vue, &dialogues, recherche = std::shared_ptr<frmRecherche>()]() mutable {
-        if (!recherche)
-            recherche = std::make_shared<frmRecherche>(dialogues, *vue);
-        recherche->Ouvrir();
-    };
-    const auto charger = [vue](FrmExit& attente) {
-        vue->ChargerArbre([&attente](double part) { attente.Avancer("Chargement en cours ...", part); });
-    };
-    return {std::move(fenetre), charger};
-}
-
-}  // namespace
+#include "shell/Fenetres.h"
 
 int main(int argc, char** argv)
 {
@@ -63,8 +35,8 @@ int main(int argc, char** argv)
         return 0;
     }
 
-    FixerPompe([] { QCoreApplication::processEvents(); });
-    FrmMain principale(dialogues, [&](FrmMain& p) { return CreerVue(p, dialogues); });
-    principale.show();
+    Fenetres fenetres(dialogues);
+    QObject::connect(&fenetres, &Fenetres::terminee, &application, &QCoreApplication::quit, Qt::QueuedConnection);
+    fenetres.Demarrer();
     return QApplication::exec();
 }

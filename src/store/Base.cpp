@@ -1,8 +1,10 @@
 #include "store/Base.h"
 
+#include <cassert>
 #include <filesystem>
 #include <map>
 #include <mutex>
+#include <thread>
 #include <utility>
 
 #include "platform/OperationsFichiers.h"
@@ -111,7 +113,7 @@ bool BaseOuverteIci(const std::string& chemin)
     return place != Registre().end() && !place->second.expired();
 }
 
-Base OpenDatabase(const std::string& chemin)
+Base OpenDatabase(const std::string& chemin, const std::stop_token& arret)
 {
     const std::lock_guard garde(verrouRegistre);
     const std::string canonique = Canonique(chemin);
@@ -120,15 +122,19 @@ Base OpenDatabase(const std::string& chemin)
         return base;
     std::weak_ptr<Connexion>& place = Registre()[canonique];
     base.connexion_ = place.lock();
-    if (base.connexion_)
-        return base;
-    auto connexion = std::make_shared<Connexion>();
-    if (!connexion->Ouvrir(canonique)) {
-        Registre().erase(canonique);
-        return base;
+    if (!base.connexion_) {
+        auto connexion = std::make_shared<Connexion>();
+        if (!connexion->Ouvrir(canonique)) {
+            Registre().erase(canonique);
+            return base;
+        }
+        place = connexion;
+        base.connexion_ = std::move(connexion);
     }
-    place = connexion;
-    base.connexion_ = std::move(connexion);
+    assert(base.connexion_->fil == std::this_thread::get_id() && "the store is for one thread at a time");
+    base.arretable_ = arret.stop_possible() && !base.connexion_->arret.stop_possible();
+    if (base.arretable_)
+        base.connexion_->arret = arret;
     return base;
 }
 
@@ -145,6 +151,7 @@ Base& Base::operator=(Base&& autre) noexcept
         return *this;
     Close();
     connexion_ = std::move(autre.connexion_);
+    arretable_ = autre.arretable_;
     return *this;
 }
 
@@ -154,6 +161,8 @@ void Base::Close()
         return;
     // The registry stays locked until the file is let go, so that another thread opens it before or after.
     const std::lock_guard garde(verrouRegistre);
+    if (arretable_)
+        connexion_->arret = {};
     connexion_.reset();
 }
 

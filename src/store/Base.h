@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <stop_token>
 #include <string>
 #include <string_view>
 
@@ -59,29 +60,15 @@ public:
     bool Annuler();
 
 private:
-    friend Base OpenDatabase(const std::string& chemin);
+    friend Base OpenDatabase(const std::string& chemin, const std::stop_token& arret);
     std::shared_ptr<Connexion> connexion_;
-};
-
-// While it lives, a long select of this thread asks it each time it has let events run. True ends the select there, as
-// if it had no more rows.
-class Interruption {
-public:
-    explicit Interruption(std::function<bool()> demandee);
-    ~Interruption();
-    Interruption(const Interruption&) = delete;
-    Interruption& operator=(const Interruption&) = delete;
-
-    bool Demandee() const { return demandee_ && demandee_(); }
-
-private:
-    std::function<bool()> demandee_;
-    Interruption* precedente_;
+    bool arretable_ = false;  // its stop token is the connection's
 };
 
 // Opens a base, exclusively and for writing. Not open when the file is missing, read-only, in use by another process,
-// or no base; such a file is never written to.
-Base OpenDatabase(const std::string& chemin);
+// or no base; such a file is never written to. A request to stop ends the long selects of all openings of the base, as
+// if they had no more rows, as long as this one lasts.
+Base OpenDatabase(const std::string& chemin, const std::stop_token& arret = {});
 
 // Writes a compacted copy of a closed base to a new path and checks it. False, and no file left, on failure.
 bool CompactDatabase(const std::string& source, const std::string& cible);

@@ -7,7 +7,6 @@
 #include "commun/Formes.h"
 #include "commun/Motif.h"
 #include "commun/Texte.h"
-#include "platform/Ceder.h"
 #include "platform/Fichier.h"
 #include "platform/OperationsFichiers.h"
 #include "store/Base.h"
@@ -17,29 +16,19 @@ namespace {
 constexpr std::string_view Signature("SQLite format 3\0", 16);
 constexpr size_t LignesParLot = 32;
 constexpr int OperationsParPas = 10000;  // of the engine's machine, some 0.1 ms
-constexpr unsigned ComparaisonsParPas = 4096;
 
-// Set while a query on this thread lets events run: the engine must then not be entered again.
-thread_local bool dansUnPas = false;
-
-thread_local Interruption* interruption = nullptr;
-
-int Pas(void*)
+// Asked every so many operations of the engine's machine; not 0 ends the statement.
+int Pas(void* connexion)
 {
-    if (dansUnPas)
-        return 0;
-    dansUnPas = true;
-    Ceder();
-    dansUnPas = false;
-    return interruption && interruption->Demandee();
+    return static_cast<const Connexion*>(connexion)->arret.stop_requested();
 }
 
-int Comparer(void*, int longueurGauche, const void* octetsGauche, int longueurDroite, const void* octetsDroite)
+int Comparer(void* connexion, int longueurGauche, const void* octetsGauche, int longueurDroite,
+             const void* octetsDroite)
 {
-    // The engine sorts in one step of its machine, without asking for the progress.
-    thread_local unsigned comparaisons = 0;
-    if (++comparaisons % ComparaisonsParPas == 0)
-        Pas(nullptr);
+    // The engine sorts in one step of its machine: what is to stop is done soonest when all is equal.
+    if (static_cast<const Connexion*>(connexion)->arret.stop_requested())
+        return 0;
     return ComparerFrancais({static_cast<const char*>(octetsGauche), static_cast<size_t>(longueurGauche)},
                             {static_cast<const char*>(octetsDroite), static_cast<size_t>(longueurDroite)});
 }
@@ -205,16 +194,16 @@ bool Connexion::Ouvrir(const std::string& chemin)
         "begin exclusive; commit; pragma journal_mode = delete; pragma synchronous = full";
     if (sqlite3_exec(db, reglages, nullptr, nullptr, nullptr) != SQLITE_OK || PremiereValeur(db, CompterTables) != 2)
         return false;
-    sqlite3_create_collation(db, "francais", SQLITE_UTF8, nullptr, Comparer);
+    sqlite3_create_collation(db, "francais", SQLITE_UTF8, this, Comparer);
     sqlite3_create_function(db, "comme", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY, nullptr, Comme,
                             nullptr, nullptr);
-    sqlite3_progress_handler(db, OperationsParPas, Pas, nullptr);
+    sqlite3_progress_handler(db, OperationsParPas, Pas, this);
     return true;
 }
 
 Enonce Connexion::Preparer(std::string_view texte)
 {
-    if (dansUnPas || texte.find('\0') != std::string_view::npos)
+    if (texte.find('\0') != std::string_view::npos)
         return nullptr;
     Vider();
     sqlite3_stmt* enonce = nullptr;
@@ -228,7 +217,7 @@ Enonce Connexion::Preparer(std::string_view texte)
 
 bool Connexion::Terminer(sqlite3_stmt* enonce)
 {
-    if (!enonce || dansUnPas || !PeutEcrire())
+    if (!enonce || !PeutEcrire())
         return false;
     int etat = SQLITE_ROW;
     while (etat == SQLITE_ROW)
@@ -252,21 +241,6 @@ int64_t Connexion::Nombre(std::string_view texte, int64_t absent)
     if (!enonce || sqlite3_step(enonce.get()) != SQLITE_ROW)
         return absent;
     return sqlite3_column_int64(enonce.get(), 0);
-}
-
-Interruption::Interruption(std::function<bool()> demandee)
-    : demandee_(std::move(demandee)), precedente_(std::exchange(interruption, this))
-{
-}
-
-Interruption::~Interruption()
-{
-    interruption = precedente_;
-}
-
-bool Connexion::Occupee()
-{
-    return dansUnPas;
 }
 
 Lot& Connexion::LotDe(const std::shared_ptr<TableBase>& table)
@@ -299,7 +273,7 @@ Lot& Connexion::LotDe(const std::shared_ptr<TableBase>& table)
 bool Connexion::Inserer(const std::shared_ptr<TableBase>& table, int64_t numero, std::vector<Valeur>& valeurs)
 {
     const std::lock_guard garde(verrou_);
-    if (!PeutEcrire() || dansUnPas)
+    if (!PeutEcrire())
         return false;
     if (enAttente_ && enAttente_->table != table && !Vider())
         return false;

@@ -4,8 +4,10 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <stop_token>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include <sqlite3.h>
@@ -63,7 +65,7 @@ struct Connexion {
     // False, and the file untouched, for all that OpenDatabase refuses.
     bool Ouvrir(const std::string& chemin);
 
-    // One statement of SQLite's own dialect; null when it is refused, or when called out of a query's progress.
+    // One statement of SQLite's own dialect; null when it is refused.
     Enonce Preparer(std::string_view texte);
     // Runs a statement to its end. A full disk or a broken file costs the whole transaction.
     bool Terminer(sqlite3_stmt* enonce);
@@ -77,9 +79,6 @@ struct Connexion {
     bool Inserer(const std::shared_ptr<TableBase>& table, int64_t numero, std::vector<Valeur>& valeurs);
     // Writes the rows that wait. On failure the transaction is lost.
     bool Vider();
-    // True while a query on this thread lets events run: the engine must then not be entered again.
-    static bool Occupee();
-
     // Null for a table that is not there.
     std::shared_ptr<TableBase> Table(std::string_view nom);
     // Gives out the next number of a table; 0 when there is none left.
@@ -90,6 +89,8 @@ struct Connexion {
     sqlite3* db = nullptr;
     bool enTransaction = false;
     std::vector<Attache*> attaches;
+    std::stop_token arret;  // long selects look at it
+    const std::thread::id fil = std::this_thread::get_id();
 
 private:
     Lot& LotDe(const std::shared_ptr<TableBase>& table);

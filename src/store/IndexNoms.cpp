@@ -150,9 +150,9 @@ bool IndexDe(const Fichier& index, const EtatBase& etat)
 
 }  // namespace
 
-bool PreparerIndexNoms(const std::string& base)
+bool PreparerIndexNoms(const std::string& base, const std::stop_token& arret)
 {
-    Base ouverte = OpenDatabase(base);
+    Base ouverte = OpenDatabase(base, arret);
     EtatBase etat;
     if (!ouverte.Ouverte() || !LireEtatBase(base, etat))
         return false;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,7 +11,7 @@
 // place of the whole table. It belongs to one state of the base file and is made anew when that has changed.
 
 // Makes the index of a base unless there is one of its present state. False when none can be had.
-bool PreparerIndexNoms(const std::string& base);
+bool PreparerIndexNoms(const std::string& base, const std::stop_token& arret = {});
 
 // Numbers, ascending, of the rows whose name or alias may match a pattern of `like`: all that do match are among them.
 // None at all (no value) when the pattern has no fixed part to look for or there is no index of the base's present

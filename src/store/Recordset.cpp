@@ -92,7 +92,7 @@ struct Recordset::Etat final : Attache {
     // The statement that stands on the current row, null without one.
     sqlite3_stmt* Courante()
     {
-        if (!connexion || supprimee || Connexion::Occupee())
+        if (!connexion || supprimee)
             return nullptr;
         return signet ? LigneDuSignet() : LigneSuivie();
     }
@@ -275,7 +275,7 @@ bool Recordset::Eof()
 
 void Recordset::MoveNext()
 {
-    if (!etat_ || !etat_->connexion || Connexion::Occupee())
+    if (!etat_ || !etat_->connexion)
         return;
     etat_->mode = Etat::Lecture;
     etat_->signet = 0;

@@ -2,7 +2,10 @@
 #include <QtWidgets>
 
 #include "browser/frmView.h"
+#include "fenetres/TravailFenetre.h"
+#include "outils/Fenetres.h"
 #include "outils/LignesTest.h"
+#include "store/Base.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
@@ -20,9 +23,11 @@ protected:
     }
     void Ouvrir()
     {
-        vue_ = std::make_unique<frmView>(dialogues_);
+        vue_.reset();
+        vue_ = std::make_unique<frmView>(dialogues_, choix_, travailleur_);
         vue_->show();
-        vue_->ChargerArbre();
+        EXPECT_TRUE(vue_->ChargerArbre());
+        Calmer(travailleur_);
         ASSERT_TRUE(QTest::qWaitForWindowExposed(vue_.get()));
     }
     template <typename T>
@@ -43,18 +48,28 @@ protected:
                 return action;
         return nullptr;
     }
-    static void Cliquer(QAbstractItemView* vue, const QModelIndex& index)
+    void Cliquer(QAbstractItemView* vue, const QModelIndex& index)
     {
         vue->scrollTo(index);
         QTest::mouseClick(vue->viewport(), Qt::LeftButton, {}, vue->visualRect(index).center());
-        QCoreApplication::processEvents();
+        Calmer(travailleur_);
     }
-    static void Touche(QWidget* vue, Qt::Key touche)
+    void Touche(QWidget* vue, Qt::Key touche)
     {
         QTest::keyClick(vue, touche);
-        QCoreApplication::processEvents();
+        Calmer(travailleur_);
+    }
+    void Declencher(const QString& texte)
+    {
+        Action(texte)->trigger();
+        Calmer(travailleur_);
     }
 
+    class AucunLecteur : public ChoixLecteur {
+        char Choisir(const MediaDemande&) override { return 0; }
+    } choix_;
+    QObject contexte_;
+    Travail travailleur_{ReveilFenetre(&contexte_, [this] { travailleur_.Livrer(); })};
     std::unique_ptr<frmView> vue_;
 };
 
@@ -82,6 +97,7 @@ TEST_F(TestVue, ParcourtALaSouris)
     EXPECT_FALSE(Action("Lancer le fichier")->isEnabled());
     EXPECT_TRUE(Action("Ouvrir l'explorateur windows")->isEnabled());
     QTest::mouseDClick(Rapport()->viewport(), Qt::LeftButton, {}, Rapport()->visualRect(dossier).center());
+    Calmer(travailleur_);
     EXPECT_EQ(Titre(), "           sous");
     EXPECT_EQ(Arbre()->currentIndex().data().toString(), "sous");
     EXPECT_EQ(Arbre()->model()->rowCount(Arbre()->currentIndex()), 1) << "the directory found there";
@@ -119,6 +135,7 @@ TEST_F(TestVue, LOrdreGardeRetardeDUnClic)
     QHeaderView* tete = Rapport()->header();
     QTest::mouseClick(tete->viewport(), Qt::LeftButton, {},
                       QPoint(tete->sectionViewportPosition(ColNom) + 20, tete->height() / 2));
+    Calmer(travailleur_);
     EXPECT_EQ(Cellule(0), "sous");  // by name, descending: the first click turns the order round
     EXPECT_EQ(Cellule(2), "a.txt");
     EXPECT_EQ(Rapport()->currentIndex().siblingAtColumn(0).data().toString(), choisi);
@@ -149,27 +166,79 @@ TEST_F(TestVue, ChangeDAffichageEtLeGarde)
     EXPECT_TRUE(Action("Mosaique")->isChecked());
     EXPECT_EQ(Rapport()->header()->sectionSize(ColNom), 222);
     EXPECT_EQ(vue_->size(), QSize(801, 602));
-    vue_->fermer = [] { return false; };
-    EXPECT_FALSE(vue_->close());
+    EXPECT_FALSE(vue_->close()) << "somebody else hides it";
 }
 
 TEST_F(TestVue, ChangeDeBase)
 {
     Cliquer(Arbre(), Arbre()->currentIndex());
-    vue_->choisirFichier = [](const char*, bool) { return std::string(); };
-    Action("Créer un nouveau catalogue")->trigger();
+    Declencher("Créer un nouveau catalogue");
     EXPECT_EQ(Rapport()->model()->rowCount(), 3) << "a dialog left changes nothing";
     const std::string nouveau = (travail_ / "nouveau.vlr").string(), ancien = BaseCourante();
-    vue_->choisirFichier = [&](const char*, bool) { return nouveau; };
-    Action("Créer un nouveau catalogue")->trigger();
+    dialogues_.fichier = nouveau;
+    Declencher("Créer un nouveau catalogue");
     EXPECT_EQ(vue_->windowTitle().toStdString(), "Velourne (" + nouveau + ")");
     EXPECT_EQ(Rapport()->model()->rowCount(), 0);
     EXPECT_EQ(Arbre()->model()->rowCount(Arbre()->model()->index(0, 0)), 0);
-    vue_->choisirFichier = [&](const char*, bool) { return ancien; };
-    Action("Ouvrir un catalogue")->trigger();
+    dialogues_.fichier = ancien;
+    Declencher("Ouvrir un catalogue");
     EXPECT_EQ(Arbre()->model()->rowCount(Arbre()->model()->index(0, 0)), 1);
     Cliquer(Arbre(), Arbre()->currentIndex());
     EXPECT_EQ(Rapport()->model()->rowCount(), 3) << "the same key as before the change";
+    EXPECT_FALSE(vue_->ChargerArbre()) << "loaded again without being asked";
+}
+
+// Clicks and commands that come while others are at work leave what the last ones ask for, and nothing half done.
+TEST_F(TestVue, RienNeSeMele)
+{
+    std::vector<LigneTest> lignes;
+    for (int i = 0; i < 20'000; ++i)
+        lignes.push_back({"000000002", "0", "f" + std::to_string(i) + ".x" + std::to_string(i % 50), "a"});
+    Base base = OpenDatabase(BaseCourante());
+    base.CommencerTransaction();
+    AjouterLignes(1, lignes);
+    base.Valider();
+    base.Close();
+    Arbre()->expandAll();
+    const QModelIndex media = Arbre()->currentIndex(), sous = Arbre()->model()->index(0, 0, media);
+    const auto viser = [&](const QModelIndex& index) {
+        Arbre()->setCurrentIndex(index);
+        QCoreApplication::processEvents();  // the reading begins and is not waited for
+    };
+    for (int i = 0; i < 5; ++i) {
+        viser(sous);
+        viser(media);
+    }
+    Calmer(travailleur_);
+    EXPECT_EQ(Rapport()->model()->rowCount(), 3) << "the node clicked last, read or not";
+    viser(media);
+    viser(sous);
+    Calmer(travailleur_);
+    EXPECT_EQ(Rapport()->model()->rowCount(), 20'002);
+    EXPECT_EQ(Statut(), " 20002 Objet(s)");
+
+    const std::string ancien = BaseCourante(), autre = (travail_ / "autre.vlr").string();
+    dialogues_.fichier = autre;
+    viser(media);
+    viser(sous);
+    emit Rapport()->header()->sectionClicked(ColNom);
+    Action("Créer un nouveau catalogue")->trigger();
+    vue_->tvTreeView_Click();
+    vue_->lvListView_Click();
+    Calmer(travailleur_);
+    EXPECT_EQ(BaseCourante(), autre);
+    EXPECT_EQ(Rapport()->model()->rowCount(), 0);
+    EXPECT_EQ(ListeExtensions(), "");
+
+    dialogues_.fichier = ancien;
+    Action("Ouvrir un catalogue")->trigger();
+    EXPECT_FALSE(Action("Supprimer le catalogue en cours")->isEnabled()) << "while the tree is loaded";
+    EXPECT_FALSE(vue_->ChargerArbre());
+    vue_->tvTreeView_Click();
+    Calmer(travailleur_);
+    EXPECT_EQ(Arbre()->model()->rowCount(Arbre()->model()->index(0, 0)), 1);
+    EXPECT_EQ(ListeExtensions().substr(0, 4), "|txt");
+    EXPECT_TRUE(Action("Supprimer le catalogue en cours")->isEnabled());
 }
 
 TEST_F(TestVue, MontreToutesLesDescriptions)

@@ -4,6 +4,8 @@
 
 #include <QtWidgets>
 
+#include "commun/Travail.h"
+
 // Lets events run until the condition holds; false after ten seconds.
 inline bool Attendre(const std::function<bool()>& condition)
 {
@@ -14,6 +16,16 @@ inline bool Attendre(const std::function<bool()>& condition)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
     }
     return true;
+}
+
+// Lets the work and all that follows from it come to an end.
+inline void Calmer(Travail& travail)
+{
+    do {
+        QCoreApplication::processEvents();
+        travail.Attendre();
+        QCoreApplication::processEvents();
+    } while (travail.EnCours());
 }
 
 // A child by its name and class; the test ends here when there is none.

@@ -9,7 +9,9 @@
 class Reponses : public Dialogues {
 public:
     bool oui = true;
+    std::string fichier;  // or folder; none: gives up
     std::vector<std::string> dites;
+    std::vector<DemandeFichier> demandes;
 
     void Informer(const std::string& texte) override { dites.push_back(texte); }
     bool Demander(const std::string& question, const std::string&) override
@@ -17,4 +19,10 @@ public:
         dites.push_back(question);
         return oui;
     }
+    std::string ChoisirFichier(const DemandeFichier& demande) override
+    {
+        demandes.push_back(demande);
+        return fichier;
+    }
+    std::string ChoisirDossier(const std::string&) override { return fichier; }
 };

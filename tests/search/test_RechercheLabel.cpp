@@ -21,9 +21,9 @@ protected:
     // Each search runs through the engine alone and through the file of names: the results must be the same.
     void Chercher(const DemandeRecherche& demande, const FiltreRecherche& filtre = {})
     {
-        RechercheLabel(demande, filtre, liste_, icones_);
+        liste_ = RechercheLabel(demande, filtre, icones_, {}, nombre_);
         const std::vector<std::string> parIndex = Cles();
-        RechercheLabel(TexteRecherche(demande), filtre, liste_, icones_);
+        liste_ = RechercheLabel(TexteRecherche(demande), filtre, icones_, {}, nombre_);
         EXPECT_EQ(parIndex, Cles()) << demande.mot.substr(0, 100);
     }
     std::vector<std::string> Cles() const
@@ -54,6 +54,7 @@ protected:
 
     ListeFichiers liste_;
     IconesExtensions icones_;
+    std::atomic<int32_t> nombre_;
 };
 
 }  // namespace
@@ -291,8 +292,8 @@ TEST_F(Recherche, ChercheVersLeHaut)
         arbre.Ajouter(racine, " 1-000000001", "Média");
         Trouver(mot);
         ASSERT_EQ(liste_.Nombre(), 1) << mot;
-        EXPECT_EQ(Generer_Arborescence_Lite(liste_[0]), chemin);
-        const int32_t trouve = Generer_Arborescence(arbre, liste_[0]);
+        EXPECT_EQ(Generer_Arborescence_Lite(liste_[0].cle), chemin);
+        const int32_t trouve = Generer_Arborescence(arbre, liste_[0].cle);
         EXPECT_EQ(trouve == ArbreCatalogue::Aucun ? "" : arbre[trouve].texte, noeud) << mot;
     }
 }
@@ -304,10 +305,13 @@ TEST_F(Recherche, DescriptionParNomOuAlias)
     fichier.alias = "alias";
     fichier.description = "<photo>C:\\p.jpg</photo>texte";
     AjouterLignes(1, {fichier});
-    EXPECT_EQ(AfficherDescriptionInfobulle("1", "1", "alias"), "texte");
-    EXPECT_EQ(AfficherDescriptionInfobulle("1", "1", "nom"), "texte");
-    for (const char* autre : {"autre", "l'autre", ""})
-        EXPECT_EQ(AfficherDescriptionInfobulle("1", "1", autre), "");
+    ItemListe resultat;
+    resultat.cle = " 1-000000001# 1";
+    for (const auto& [montre, texte] :
+         {std::pair{"alias", "texte"}, {"nom", "texte"}, {"autre", ""}, {"l'autre", ""}, {"", ""}}) {
+        resultat.cellules[ColNom] = montre;
+        EXPECT_EQ(AfficherDescriptionInfobulle(resultat), texte) << montre;
+    }
 }
 
 TEST_F(Recherche, SArreteDansLeMoteur)
@@ -317,17 +321,16 @@ TEST_F(Recherche, SArreteDansLeMoteur)
     base.CommencerTransaction();
     AjouterLignes(1, std::vector<LigneTest>(20000, Fichier("rien")));
     base.Valider();
-    int demandes = 0, avancees = 0;
-    EcouteRecherche ecoute;
-    ecoute.annulee = [&] { return ++demandes > 3; };
-    ecoute.progression = [&](int32_t) { ++avancees; };
-    RechercheLabel("select * from Liste where Nom like '*n' order by Nom asc", {}, liste_, icones_, ecoute);
-    EXPECT_EQ(liste_.Nombre(), 0);
-    EXPECT_EQ(avancees, 0) << "given up before the first row";
-    ecoute.annulee = nullptr;
-    RechercheLabel("select * from Liste where Nom like '*n' order by Nom asc", {}, liste_, icones_, ecoute);
-    EXPECT_EQ(liste_.Nombre(), 20000);
-    EXPECT_GT(avancees, 1);
+    base.Close();
+    const std::string requete = "select * from Liste where Nom like '*n' order by Nom asc";
+    std::stop_source arret;
+    const auto compter = [&] { return RechercheLabel(requete, {}, icones_, arret.get_token(), nombre_).Nombre(); };
+    EXPECT_EQ(compter(), 20000);
+    EXPECT_EQ(nombre_, 20000);
+    nombre_ = 0;
+    arret.request_stop();
+    EXPECT_EQ(compter(), 0);
+    EXPECT_EQ(nombre_, 0) << "given up before the first row";
 }
 
 TEST_F(Recherche, ListesDesChoix)

@@ -22,8 +22,9 @@
 #include "browser/frmView.h"
 #include "outils/Fenetres.h"
 #include "outils/LignesTest.h"
-#include "platform/Ceder.h"
 #include "search/Infobulle.h"
+#include "shell/Fenetres.h"
+#include "shell/FrmMain.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
@@ -44,13 +45,8 @@ protected:
                           Fichier("haut.doc", "000000001", "3 b")});
         AjouterMediaTest({"Autre", ""});
         AjouterLignes(2, {{"000000000", "000000001", "E:", "D"}, Fichier("fond.txt", "000000001", "4 b")});
-        vue_ = std::make_unique<frmView>(dialogues_);
-        vue_->demanderRecherche = [this] { fenetre_->Ouvrir(); };
-        vue_->show();
-        vue_->ChargerArbre();
         Ouvrir();
     }
-    ~FenetreRecherche() override { FixerPompe(nullptr); }
 
     static LigneTest Fichier(const char* nom, const char* repertoire, const char* taille)
     {
@@ -59,11 +55,32 @@ protected:
     }
     void Ouvrir()
     {
-        fenetre_ = std::make_unique<frmRecherche>(dialogues_, *vue_);
-        vue_->Btn_recherche();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(fenetre_.get()));
+        fenetres_.reset();
+        fenetres_ = std::make_unique<Fenetres>(dialogues_);
+        fenetres_->Demarrer();
+        Enfant<QToolButton>(*Fenetre<FrmMain>(), "Visualiser")->click();
+        Calme();
+        vue_ = Fenetre<frmView>();
+        Chercher();
+        fenetre_ = Fenetre<frmRecherche>();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(fenetre_));
         resultats_ = Enfant<QTreeView>(*fenetre_, "lvListView");
         ok_ = Enfant<QPushButton>(*fenetre_, "OK0");
+    }
+    void Calme() { Calmer(fenetres_->Ouvrage()); }
+    // The command of the browser that leads here.
+    void Chercher()
+    {
+        emit vue_->rechercheVoulue();
+        Calme();
+    }
+    template <typename Classe>
+    static Classe* Fenetre()
+    {
+        for (QWidget* fenetre : QApplication::topLevelWidgets())
+            if (auto* trouvee = qobject_cast<Classe*>(fenetre))
+                return trouvee;
+        return nullptr;
     }
     QLineEdit* Saisie(int onglet) { return Enfant<QLineEdit>(*fenetre_, ("Saisie" + std::to_string(onglet)).c_str()); }
     QCheckBox* Rec(int option) { return Enfant<QCheckBox>(*fenetre_, ("Rec" + std::to_string(option)).c_str()); }
@@ -79,36 +96,30 @@ protected:
     {
         Saisie(0)->setText(mot);
         QTest::mouseClick(ok_, Qt::LeftButton);
-        QCoreApplication::processEvents();
+        Calme();
     }
     QPoint Place(int rang) { return resultats_->visualRect(resultats_->model()->index(rang, 0)).center(); }
     void Cliquer(int rang)
     {
         QTest::mouseClick(resultats_->viewport(), Qt::LeftButton, {}, Place(rang));
-        QCoreApplication::processEvents();
+        Calme();
     }
     void DoubleCliquer(int rang)
     {
         Cliquer(rang);
         QTest::mouseDClick(resultats_->viewport(), Qt::LeftButton, {}, Place(rang));
+        Calme();
     }
     void CliquerEnTete(int colonne)
     {
         QHeaderView* tete = resultats_->header();
         QTest::mouseClick(tete->viewport(), Qt::LeftButton, {},
                           QPoint(tete->sectionViewportPosition(colonne) + 20, tete->height() / 2));
+        Calme();
     }
-    // Runs once, the first time that the next search lets events run.
-    static void PendantLaRecherche(const std::function<void()>& action)
-    {
-        FixerPompe([action, fait = false]() mutable {
-            if (!std::exchange(fait, true))
-                action();
-        });
-    }
-
-    std::unique_ptr<frmView> vue_;
-    std::unique_ptr<frmRecherche> fenetre_;
+    std::unique_ptr<Fenetres> fenetres_;
+    frmView* vue_ = nullptr;
+    frmRecherche* fenetre_ = nullptr;
     QTreeView* resultats_ = nullptr;
     QPushButton* ok_ = nullptr;
 };
@@ -120,12 +131,12 @@ TEST_F(FenetreRecherche, OuvreUnFichierAuFondDeDossiersFermes)
     EXPECT_FALSE(vue_->isVisible());
     QTest::keyClicks(Saisie(0), "FOND*");
     QTest::keyClick(Saisie(0), Qt::Key_Return);
-    QCoreApplication::processEvents();
+    Calme();
     ASSERT_EQ(Nombre(), 2);
     EXPECT_EQ(Statut(), " 2 Objets");
     resultats_->setFocus();
     QTest::keyClick(resultats_, Qt::Key_Home);
-    QCoreApplication::processEvents();
+    Calme();
     EXPECT_EQ(Titre(), " Disque\\un\\deux\\trois");
     DoubleCliquer(0);
 
@@ -140,7 +151,7 @@ TEST_F(FenetreRecherche, OuvreUnFichierAuFondDeDossiersFermes)
     EXPECT_EQ(vue_->focusWidget(), rapport);
     EXPECT_EQ(Enfant<QPlainTextEdit>(*vue_, "description")->toPlainText(), "description de fond.txt");
 
-    vue_->Btn_recherche();
+    Chercher();
     EXPECT_EQ(Nombre(), 2) << "the results are still there";
     DoubleCliquer(1);
     EXPECT_EQ(arbre->currentIndex().data(), "Autre");
@@ -153,6 +164,7 @@ TEST_F(FenetreRecherche, OuvreUnDossierAuClavier)
     resultats_->setFocus();
     QTest::keyClick(resultats_, Qt::Key_Home);
     QTest::keyClick(resultats_, Qt::Key_Return);
+    Calme();
     auto* arbre = Enfant<QTreeView>(*vue_, "tvTreeView");
     EXPECT_EQ(arbre->currentIndex().data(), "deux");
     EXPECT_EQ(vue_->focusWidget(), arbre);
@@ -165,53 +177,54 @@ TEST_F(FenetreRecherche, SAnnuleATousMoments)
     base.CommencerTransaction();
     AjouterLignes(1, std::vector<LigneTest>(20000, Fichier("n", "000000001", "1 b")));
     base.Valider();
-    const auto annuler = [this] {
+    base.Close();
+    const auto lancer = [this](const char* mot) {
+        Saisie(0)->setText(mot);
+        QTest::mouseClick(ok_, Qt::LeftButton);
         EXPECT_EQ(ok_->toolTip(), " Annuler la recherche ");
         EXPECT_TRUE(ok_->isChecked());
         EXPECT_EQ(Nombre(), 0);
-        QTest::mouseClick(ok_, Qt::LeftButton);
     };
     for (const char* mot : {"n", "fond.txt", "aucun"}) {
-        PendantLaRecherche(annuler);
-        Chercher(mot);
-        EXPECT_EQ(Nombre(), 0) << mot;
+        lancer(mot);
+        QTest::mouseClick(ok_, Qt::LeftButton);
         EXPECT_EQ(Statut(), " 0 Objets") << mot;
-        EXPECT_EQ(ok_->toolTip(), " Lancer la recherche ");
         EXPECT_FALSE(ok_->isChecked());
+        Calme();
+        EXPECT_EQ(Nombre(), 0) << mot;
+        EXPECT_EQ(ok_->toolTip(), " Lancer la recherche ");
     }
-    PendantLaRecherche([this] { QTest::keyClick(fenetre_.get(), Qt::Key_Escape); });
-    Chercher("n");
+    lancer("n");
+    QTest::keyClick(fenetre_, Qt::Key_Escape);
+    Calme();
     EXPECT_EQ(Nombre(), 0);
     EXPECT_TRUE(fenetre_->isVisible());
-    FixerPompe(nullptr);
+    lancer("n");
+    QTest::mouseClick(ok_, Qt::LeftButton);
     Chercher("n");
     EXPECT_EQ(Nombre(), 20000) << "the next one runs to its end";
 }
 
 TEST_F(FenetreRecherche, RienNeSeMeleAUneRecherche)
 {
-    int autres = 0;
-    PendantLaRecherche([&] {
-        QTest::keyClick(Saisie(0), Qt::Key_Return);
-        Btn(2)->click();
-        Rec(OptionDates)->click();
-        CliquerEnTete(ColTaille);
-        vue_->tvTreeView_Click();
-        fenetre_->lvListView_DblClick();
-        QCoreApplication::processEvents();
-        ++autres;
-    });
-    Chercher("*.txt");
-    EXPECT_EQ(autres, 1);
+    Saisie(0)->setText("*.txt");
+    QTest::mouseClick(ok_, Qt::LeftButton);
+    QTest::keyClick(Saisie(0), Qt::Key_Return);
+    Btn(2)->click();
+    Rec(OptionDates)->click();
+    vue_->tvTreeView_Click();
+    fenetre_->lvListView_DblClick();
+    CliquerEnTete(ColTaille);
     EXPECT_EQ(Nombre(), 3);
-    EXPECT_EQ(Cellule(0), "fond.txt");
     EXPECT_EQ(resultats_->model()->index(0, ColTaille).data(), "4 b") << "the order asked for meanwhile";
 
-    PendantLaRecherche([this] { EXPECT_FALSE(fenetre_->close()); });
-    Chercher("*");
-    EXPECT_FALSE(fenetre_->isVisible()) << "closed as soon as it could be";
+    Saisie(0)->setText("*");
+    QTest::mouseClick(ok_, Qt::LeftButton);
+    fenetre_->close();
+    EXPECT_FALSE(fenetre_->isVisible());
     EXPECT_TRUE(vue_->isVisible());
-    vue_->Btn_recherche();
+    Calme();
+    Chercher();
     EXPECT_EQ(Nombre(), 0);
     EXPECT_EQ(Saisie(0)->text(), "");
 }
@@ -260,7 +273,7 @@ TEST_F(FenetreRecherche, RefuseUneFinAvantLeDebut)
     EXPECT_FALSE(InfoDate(0)->isEnabled());
     Rec(OptionDates)->click();
     EXPECT_EQ(InfoDate(0)->text(), "10/06/2003");
-    EXPECT_EQ(InfoDate(1)->property("tag").toString(), QDate::currentDate().toString("yyyyMMdd"));
+    EXPECT_EQ(InfoDate(1)->text(), QDate::currentDate().toString("dd/MM/yyyy"));
     auto* calendrier = Enfant<QCalendarWidget>(*fenetre_, "Calendrier");
 
     const struct {
@@ -282,7 +295,7 @@ TEST_F(FenetreRecherche, RefuseUneFinAvantLeDebut)
         EXPECT_EQ(InfoDate(date)->text(), refuse ? avant : jour.toString("dd/MM/yyyy"));
         EXPECT_EQ(calendrier->isVisible(), refuse);
         if (refuse)
-            QTest::keyClick(fenetre_.get(), Qt::Key_Escape);
+            QTest::keyClick(fenetre_, Qt::Key_Escape);
         EXPECT_FALSE(calendrier->isVisible());
     }
     EXPECT_EQ(dialogues_.dites, std::vector<std::string>{"Veuillez sélectionner une date >= à la date de début !"});
@@ -388,7 +401,7 @@ TEST_F(FenetreRecherche, ToutSAtteintAuClavier)
     for (const char* nom : {"Btn0", "Btn2", "Saisie0", "Rec0", "Rec1", "Rec2", "Rec3", "LExt", "InfoDate0", "InfoDate1",
                             "OK0", "Catalogue", "lvListView"})
         EXPECT_TRUE(atteints.count(nom)) << nom;
-    QTest::keyClick(fenetre_.get(), Qt::Key_Escape);
+    QTest::keyClick(fenetre_, Qt::Key_Escape);
     EXPECT_FALSE(fenetre_->isVisible());
     EXPECT_TRUE(vue_->isVisible());
 }
@@ -398,12 +411,14 @@ TEST_F(FenetreRecherche, UneAutreBaseOublieLesResultats)
     Chercher("fond*");
     Cliquer(0);
     QTest::keyClick(resultats_, Qt::Key_Return);
+    Calme();
     const std::string autre = (travail_ / "autre.vlr").string();
-    vue_->choisirFichier = [&](const char*, bool) { return autre; };
+    dialogues_.fichier = autre;
     for (QAction* action : vue_->findChildren<QAction*>())
         if (action->text() == "&Créer un nouveau catalogue")
             action->trigger();
-    vue_->Btn_recherche();
+    Calme();
+    Chercher();
     EXPECT_EQ(Nombre(), 0);
     EXPECT_EQ(Enfant<QComboBox>(*fenetre_, "LLables")->count(), 1);
 }

@@ -1,11 +1,12 @@
 #include "shell/FrmMain.h"
 
+#include "browser/frmView.h"
 #include "extraction/FrmSemiAuto.h"
 #include "outils/Environnement.h"
 #include "outils/Fenetres.h"
 #include "outils/Reponses.h"
 #include "platform/OperationsFichiers.h"
-#include "shell/FrmExit.h"
+#include "shell/Fenetres.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
@@ -21,22 +22,39 @@ protected:
 
     void Ouvrir()
     {
-        fenetre_ = std::make_unique<FrmMain>(reponse_, [this](FrmMain&) {
-            auto fenetre = std::make_unique<QWidget>();
-            vue_ = fenetre.get();
-            return FrmMain::Vue{std::move(fenetre), [this](FrmExit&) { ++chargements_; }};
-        });
-        fenetre_->terminer = [this] { ++fins_; };
-        fenetre_->show();
+        fenetres_.reset();
+        fenetres_ = std::make_unique<Fenetres>(reponse_);
+        QObject::connect(fenetres_.get(), &Fenetres::terminee, fenetres_.get(), [this] { ++fins_; });
+        fenetres_->Demarrer();
+        fenetre_ = Fenetre<FrmMain>();
+    }
+    template <typename Classe>
+    static Classe* Fenetre()
+    {
+        for (QWidget* fenetre : QApplication::topLevelWidgets())
+            if (auto* trouvee = qobject_cast<Classe*>(fenetre))
+                return trouvee;
+        return nullptr;
+    }
+    void Calme() { Calmer(fenetres_->Ouvrage()); }
+    void Presser(const char* nom)
+    {
+        Bouton(nom)->click();
+        Calme();
+    }
+    void Fermer(QWidget* fenetre)
+    {
+        fenetre->close();
+        Calme();
     }
 
     QToolButton* Bouton(const char* nom) { return Enfant<QToolButton>(*fenetre_, nom); }
     std::string Commentaire() { return Enfant<QLabel>(*fenetre_, "Commentaire")->text().toStdString(); }
 
     Reponses reponse_;
-    std::unique_ptr<FrmMain> fenetre_;
-    QWidget* vue_ = nullptr;
-    int chargements_ = 0, fins_ = 0;
+    std::unique_ptr<Fenetres> fenetres_;
+    FrmMain* fenetre_ = nullptr;
+    int fins_ = 0;
 };
 
 constexpr const char* Repos = "Cliquer sur un des deux boutons ci dessus pour accéder au logiciel";
@@ -84,12 +102,12 @@ TEST_F(Depart, PlaceIsKeptUnlessOutsideTheScreens)
 TEST_F(Depart, ExitAsksCompactsAndCleansUp)
 {
     Ecrire(CheminIconeTemporaire(), "image");
-    EXPECT_FALSE(fenetre_->close());
+    Fermer(fenetre_);
     EXPECT_TRUE(fenetre_->isVisible());
     EXPECT_TRUE(FichierExiste(CheminIconeTemporaire()));
     EXPECT_EQ(fins_, 0);
     reponse_.oui = true;
-    EXPECT_TRUE(fenetre_->close());
+    Fermer(fenetre_);
     EXPECT_EQ(reponse_.dites, std::vector<std::string>(2, "Voulez-vous vraiment quitter Velourne ?"));
     EXPECT_FALSE(FichierExiste(CheminIconeTemporaire()));
     EXPECT_TRUE(FichierExiste(BaseCourante()));
@@ -98,34 +116,43 @@ TEST_F(Depart, ExitAsksCompactsAndCleansUp)
 
 TEST_F(Depart, GoesToTheWizardAndTheBrowserAndBack)
 {
-    Bouton("Extraire")->click();
+    Presser("Extraire");
     EXPECT_FALSE(fenetre_->isVisible());
-    EXPECT_EQ(fenetre_->FormeCourante(), "FrmSemiAuto");
-    fenetre_->Assistant()->close();
-    EXPECT_EQ(fenetre_->FormeCourante(), "FrmMain");
+    EXPECT_EQ(fenetres_->FormeCourante(), "FrmSemiAuto");
+    Fermer(Fenetre<FrmSemiAuto>());
+    EXPECT_EQ(fenetres_->FormeCourante(), "FrmMain");
     EXPECT_TRUE(reponse_.dites.empty());
 
-    Bouton("Visualiser")->click();
+    Presser("Visualiser");
     EXPECT_FALSE(fenetre_->isVisible());
-    EXPECT_EQ(fenetre_->FormeCourante(), "FrmView");
-    fenetre_->AjouterMedias();
-    EXPECT_FALSE(vue_->isVisible());
-    fenetre_->Assistant()->close();
-    EXPECT_TRUE(vue_->isVisible()) << "the wizard goes back to where it came from";
-    EXPECT_EQ(chargements_, 2);
-    EXPECT_TRUE(fenetre_->FermerVue());
+    EXPECT_EQ(fenetres_->FormeCourante(), "FrmView");
+    auto* vue = Fenetre<frmView>();
+    ASSERT_TRUE(vue->isVisible());
+    emit vue->ajoutVoulu();
+    EXPECT_FALSE(vue->isVisible());
+    Fermer(Fenetre<FrmSemiAuto>());
+    EXPECT_TRUE(vue->isVisible()) << "the wizard goes back to where it came from";
+    Fermer(vue);
     EXPECT_TRUE(fenetre_->isVisible());
+    EXPECT_FALSE(vue->isVisible());
 }
 
 TEST_F(Depart, BrowserOpenedFromTheWizardEndsTheProgram)
 {
-    Bouton("Extraire")->click();
-    fenetre_->Assistant()->setGeometry(50, 60, 720, 600);
-    Enfant<QAbstractButton>(*fenetre_->Assistant(), "Bouton")->click();
-    EXPECT_EQ(vue_->geometry(), QRect(50, 60, 720, 600));
-    EXPECT_FALSE(fenetre_->Assistant()->isVisible());
-    EXPECT_FALSE(fenetre_->FermerVue());
+    Presser("Extraire");
+    auto* assistant = Fenetre<FrmSemiAuto>();
+    assistant->setGeometry(50, 60, 720, 600);
+    Enfant<QAbstractButton>(*assistant, "Bouton")->click();
+    Calme();
+    auto* vue = Fenetre<frmView>();
+    EXPECT_EQ(vue->geometry(), QRect(50, 60, 720, 600));
+    EXPECT_FALSE(assistant->isVisible());
+    Fermer(vue);
+    EXPECT_TRUE(vue->isVisible());
     reponse_.oui = true;
-    EXPECT_TRUE(fenetre_->FermerVue());
+    vue->resize(800, 590);
+    emit vue->sortieVoulue();
+    Calme();
     EXPECT_EQ(fins_, 1);
+    EXPECT_EQ(GetSetting(SectionSettings, "MainWidth", ""), "12000") << "kept by every way out";
 }

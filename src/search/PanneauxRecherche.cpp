@@ -1,4 +1,5 @@
-// The widgets of the search window and what their signals lead to.
+#include "search/PanneauxRecherche.h"
+
 #include <QAbstractItemView>
 #include <QCalendarWidget>
 #include <QCheckBox>
@@ -9,19 +10,20 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QStringListModel>
 #include <QToolButton>
 #include <QTreeView>
 
+#include "browser/ModeleListe.h"
 #include "fenetres/Etiquette.h"
+#include "search/ChoixRecherche.h"
 #include "search/Infobulle.h"
-#include "search/frmRecherche.h"
-#include "store/Reglages.h"
+#include "search/Requete.h"
 
 namespace {
 
@@ -35,7 +37,7 @@ constexpr TexteOnglet Onglets[] = {
     {"Par &label", " Recherche par rapport au label "},
 };
 
-// A told colour as it can be read: lighter where the palette's ground is dark.
+// A colour that the design gives, made readable: lighter where the ground of the window is dark.
 QColor Lisible(const QColor& couleur, const QPalette& palette)
 {
     if (palette.color(QPalette::Window).lightness() > 127)
@@ -62,7 +64,16 @@ QLabel* CreerLibelle(const char* texte, QWidget* voisin)
 
 }  // namespace
 
-QWidget* frmRecherche::CreerOnglets()
+PanneauxRecherche::PanneauxRecherche(QMainWindow& fenetre, ModeleListe& modele)
+    : historique(new QStringListModel(&fenetre))
+{
+    fenetre.setCentralWidget(CreerCentre(modele));
+    CreerStatut(fenetre);
+    CreerCalendrier(fenetre);
+    infobulle = new Infobulle(&fenetre);
+}
+
+QWidget* PanneauxRecherche::CreerOnglets()
 {
     auto* cadre = new QWidget;
     auto* rangee = new QHBoxLayout(cadre);
@@ -76,38 +87,29 @@ QWidget* frmRecherche::CreerOnglets()
         bouton->setCheckable(true);
         bouton->setAutoRaise(true);
         bouton->setFocusPolicy(Qt::StrongFocus);
-        connect(bouton, &QToolButton::clicked, this, [this, i] {
-            SaveSetting(SectionLvListView, "Onglet", std::to_string(i));
-            ChoisirOnglet(i);
-            saisie_[i]->setFocus();
-        });
         rangee->addWidget(bouton);
-        btn_[i] = bouton;
+        btn[i] = bouton;
     }
     rangee->addStretch(1);
     return cadre;
 }
 
-QLineEdit* frmRecherche::CreerSaisie(int onglet)
+QLineEdit* PanneauxRecherche::CreerSaisie(int onglet)
 {
     auto* boite = new QLineEdit;
     boite->setObjectName(QString("Saisie%1").arg(onglet));
     boite->setAccessibleName("Mot à rechercher");
     boite->setClearButtonEnabled(true);
-    auto* completion = new QCompleter(historique_, boite);
+    auto* completion = new QCompleter(historique, boite);
     completion->setCaseSensitivity(Qt::CaseInsensitive);
     completion->setFilterMode(Qt::MatchContains);
     completion->setMaxVisibleItems(12);
     boite->setCompleter(completion);
-    boite->installEventFilter(this);
-    connect(boite, &QLineEdit::textChanged, this, &frmRecherche::Saisir);
-    // When the list of completions has closed.
-    connect(boite, &QLineEdit::returnPressed, this, &frmRecherche::Rechercher, Qt::QueuedConnection);
-    saisie_[onglet] = boite;
+    saisie[onglet] = boite;
     return boite;
 }
 
-QComboBox* frmRecherche::CreerChoix(const char* nom, const char* cle, const QString& libelle)
+QComboBox* PanneauxRecherche::CreerChoix(const char* nom, const QString& libelle)
 {
     auto* choix = new QComboBox;
     choix->setObjectName(nom);
@@ -115,22 +117,19 @@ QComboBox* frmRecherche::CreerChoix(const char* nom, const char* cle, const QStr
     choix->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     choix->setMinimumContentsLength(16);
     choix->setMaxVisibleItems(20);
-    connect(choix, &QComboBox::activated, this,
-            [cle](int rang) { SaveSetting(SectionSettings, cle, std::to_string(rang)); });
     return choix;
 }
 
-QCheckBox* frmRecherche::CreerOption(int option, const char* texte)
+QCheckBox* PanneauxRecherche::CreerOption(int option, const char* texte)
 {
     auto* choix = new QCheckBox(texte);
     choix->setObjectName(QString("Rec%1").arg(option));
     choix->setAccessibleName(QString(texte).remove('&').trimmed());
-    connect(choix, &QCheckBox::clicked, this, [this, option](bool active) { ChangerOption(option, active); });
-    rec_[option] = choix;
+    rec[option] = choix;
     return choix;
 }
 
-void frmRecherche::CreerDates(QLayout& mise)
+void PanneauxRecherche::CreerDates(QLayout& mise)
 {
     const char* noms[] = {"Date de début", "Date de fin"};
     for (int rang = 0; rang < 2; ++rang) {
@@ -140,15 +139,14 @@ void frmRecherche::CreerDates(QLayout& mise)
         date->setToolTip(QString(" %1 ").arg(noms[rang]));
         date->setAutoDefault(true);
         date->setMinimumWidth(date->fontMetrics().horizontalAdvance("00/00/00000000"));
-        connect(date, &QPushButton::clicked, this, [this, rang] { BasculerCalendrier(rang); });
         mise.addWidget(CreerLibelle(rang == 0 ? "du" : "au", nullptr));
         mise.addWidget(date);
-        infoDate_[rang] = date;
+        infoDate[rang] = date;
     }
 }
 
 // The word, and below it what only this tab has.
-QWidget* frmRecherche::CreerPage(int onglet)
+QWidget* PanneauxRecherche::CreerPage(int onglet)
 {
     auto* page = new QWidget;
     auto* grille = new QGridLayout(page);
@@ -158,18 +156,18 @@ QWidget* frmRecherche::CreerPage(int onglet)
     grille->addWidget(CreerLibelle("&Mot :", saisie), 0, 0);
     grille->addWidget(saisie, 0, 1);
     if (onglet == RechercheIdentifiant) {
-        lIdent_ = CreerChoix("LIdent", "LIdent", "Identifiant du média");
-        grille->addWidget(CreerLibelle("Identi&fiant :", lIdent_), 1, 0);
-        grille->addWidget(lIdent_, 1, 1);
+        lIdent = CreerChoix("LIdent", "Identifiant du média");
+        grille->addWidget(CreerLibelle("Identi&fiant :", lIdent), 1, 0);
+        grille->addWidget(lIdent, 1, 1);
     } else if (onglet == RechercheLabelMedia) {
-        lLables_ = CreerChoix("LLables", "LLabel", "Label du média");
-        grille->addWidget(CreerLibelle("La&bel du média :", lLables_), 1, 0);
-        grille->addWidget(lLables_, 1, 1);
+        lLables = CreerChoix("LLables", "Label du média");
+        grille->addWidget(CreerLibelle("La&bel du média :", lLables), 1, 0);
+        grille->addWidget(lLables, 1, 1);
     } else {
         auto* extensions = new QHBoxLayout;
         extensions->addWidget(CreerOption(OptionExtensions, " Rechercher par rapport aux &extensions des fichiers "));
-        lExt_ = CreerChoix("LExt", "LExt", "Extension des fichiers");
-        extensions->addWidget(lExt_);
+        lExt = CreerChoix("LExt", "Extension des fichiers");
+        extensions->addWidget(lExt);
         extensions->addStretch(1);
         auto* dates = new QHBoxLayout;
         dates->addWidget(CreerOption(OptionDates, " Rechercher par rapport aux dates de &création "));
@@ -182,28 +180,28 @@ QWidget* frmRecherche::CreerPage(int onglet)
     return page;
 }
 
-QWidget* frmRecherche::CreerPages()
+QWidget* PanneauxRecherche::CreerPages()
 {
-    pages_ = new QStackedWidget;
+    pages = new QStackedWidget;
     for (int onglet = 0; onglet < NombreOnglets; ++onglet)
-        pages_->addWidget(CreerPage(onglet));
-    return pages_;
+        pages->addWidget(CreerPage(onglet));
+    return pages;
 }
 
-QWidget* frmRecherche::CreerOptions()
+QWidget* PanneauxRecherche::CreerOptions()
 {
-    aide_ = new QLabel;
-    aide_->setObjectName("Aide");
-    aide_->setTextFormat(Qt::RichText);
-    aide_->setWordWrap(true);
-    QFont police = aide_->font();
+    aide = new QLabel;
+    aide->setObjectName("Aide");
+    aide->setTextFormat(Qt::RichText);
+    aide->setWordWrap(true);
+    QFont police = aide->font();
     police.setFamilies({"MS Sans Serif", police.family(), "sans-serif"});
-    aide_->setFont(police);
+    aide->setFont(police);
 
     auto* cadre = new QWidget;
     auto* colonne = new QVBoxLayout(cadre);
     colonne->setContentsMargins(0, 0, 0, 0);
-    colonne->addWidget(aide_);
+    colonne->addWidget(aide);
     auto* rangee = new QHBoxLayout;
     rangee->addWidget(CreerOption(OptionNoms, " Rechercher dans les &noms des fichiers "));
     rangee->addWidget(CreerOption(OptionDescriptions, " Rechercher dans les &descriptions "));
@@ -212,71 +210,56 @@ QWidget* frmRecherche::CreerOptions()
     return cadre;
 }
 
-void frmRecherche::CreerCalendrier()
+void PanneauxRecherche::CreerCalendrier(QMainWindow& fenetre)
 {
-    cadreCalendrier_ = new QFrame(this);
-    cadreCalendrier_->setFrameShape(QFrame::StyledPanel);
-    cadreCalendrier_->setAutoFillBackground(true);
-    calendrier_ = new QCalendarWidget;
-    calendrier_->setObjectName("Calendrier");
-    calendrier_->setAccessibleName("Calendrier");
-    calendrier_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    auto* mise = new QVBoxLayout(cadreCalendrier_);
+    cadreCalendrier = new QFrame(&fenetre);
+    cadreCalendrier->setFrameShape(QFrame::StyledPanel);
+    cadreCalendrier->setAutoFillBackground(true);
+    calendrier = new QCalendarWidget;
+    calendrier->setObjectName("Calendrier");
+    calendrier->setAccessibleName("Calendrier");
+    calendrier->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    auto* mise = new QVBoxLayout(cadreCalendrier);
     mise->setContentsMargins(1, 1, 1, 1);
-    mise->addWidget(calendrier_);
-    cadreCalendrier_->hide();
-    connect(calendrier_, &QCalendarWidget::clicked, this, &frmRecherche::ChoisirJour);
-    connect(calendrier_, &QCalendarWidget::activated, this, &frmRecherche::ChoisirJour);
+    mise->addWidget(calendrier);
+    cadreCalendrier->hide();
 }
 
-void frmRecherche::CreerListe()
+void PanneauxRecherche::CreerListe(ModeleListe& modele)
 {
-    lvListView_ = new QTreeView;
-    lvListView_->setObjectName("lvListView");
-    lvListView_->setAccessibleName("Résultats");
-    lvListView_->setModel(modeleListe_);
-    lvListView_->setSelectionMode(QAbstractItemView::SingleSelection);
-    lvListView_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    lvListView_->setRootIsDecorated(false);
-    lvListView_->setUniformRowHeights(true);
-    lvListView_->setAllColumnsShowFocus(true);
-    lvListView_->setContextMenuPolicy(Qt::CustomContextMenu);
-    lvListView_->installEventFilter(this);
-    lvListView_->viewport()->installEventFilter(this);
-    lvListView_->viewport()->setMouseTracking(true);
-    connect(lvListView_, &QTreeView::clicked, &itemAMontrer_, qOverload<>(&QTimer::start));
-    connect(lvListView_, &QTreeView::doubleClicked, this, &frmRecherche::lvListView_DblClick);
-    connect(lvListView_, &QWidget::customContextMenuRequested, this, &frmRecherche::MenuAtteindre);
-    connect(lvListView_->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex& index) {
-                if (index.isValid())
-                    itemAMontrer_.start();
-            });
+    lvListView = new QTreeView;
+    lvListView->setObjectName("lvListView");
+    lvListView->setAccessibleName("Résultats");
+    lvListView->setModel(&modele);
+    lvListView->setSelectionMode(QAbstractItemView::SingleSelection);
+    lvListView->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    lvListView->setRootIsDecorated(false);
+    lvListView->setUniformRowHeights(true);
+    lvListView->setAllColumnsShowFocus(true);
+    lvListView->setContextMenuPolicy(Qt::CustomContextMenu);
+    lvListView->viewport()->setMouseTracking(true);
 
-    QHeaderView* entete = lvListView_->header();
+    QHeaderView* entete = lvListView->header();
     PreparerColonnes(*entete);
-    connect(entete, &QHeaderView::sectionClicked, this, &frmRecherche::TrierColonne);
 }
 
-QWidget* frmRecherche::CreerCentre()
+QWidget* PanneauxRecherche::CreerCentre(ModeleListe& modele)
 {
-    ok_ = new QPushButton;
-    ok_->setObjectName("OK0");
-    ok_->setCheckable(true);
-    ok_->setAutoDefault(true);
-    ok_->setIcon(QIcon(":/images/rechercher.svg"));
-    ok_->setCursor(Qt::ArrowCursor);
+    ok = new QPushButton;
+    ok->setObjectName("OK0");
+    ok->setCheckable(true);
+    ok->setAutoDefault(true);
+    ok->setIcon(QIcon(":/images/rechercher.svg"));
+    ok->setCursor(Qt::ArrowCursor);
     // Wide enough for both of its texts.
-    ok_->setMinimumWidth(ok_->fontMetrics().horizontalAdvance("Rechercher") + 60);
-    ok_->setMinimumHeight(2 * fontMetrics().lineSpacing() + 6);
-    connect(ok_, &QPushButton::clicked, this, &frmRecherche::PresserOK);
-    auto* catalogue = new QPushButton("Ca&talogue");
+    ok->setMinimumWidth(ok->fontMetrics().horizontalAdvance("Rechercher") + 60);
+    ok->setMinimumHeight(2 * ok->fontMetrics().lineSpacing() + 6);
+    catalogue = new QPushButton("Ca&talogue");
     catalogue->setObjectName("Catalogue");
     catalogue->setToolTip(" Revenir au catalogue ");
     catalogue->setAutoDefault(true);
-    connect(catalogue, &QPushButton::clicked, this, &QWidget::close);
     auto* boutons = new QVBoxLayout;
-    boutons->addWidget(ok_);
+    boutons->addWidget(ok);
     boutons->addWidget(catalogue);
     boutons->addStretch(1);
 
@@ -289,47 +272,46 @@ QWidget* frmRecherche::CreerCentre()
     haut->addLayout(criteres, 1);
     haut->addLayout(boutons);
 
-    titre_ = new Etiquette;
-    titre_->setObjectName("titre");
+    titre = new Etiquette;
+    titre->setObjectName("titre");
     auto* bandeau = new QFrame;
     bandeau->setFrameShape(QFrame::StyledPanel);
     auto* rangee = new QHBoxLayout(bandeau);
     rangee->setContentsMargins(6, 4, 6, 4);
-    rangee->addWidget(titre_);
-    CreerListe();
+    rangee->addWidget(titre);
+    CreerListe(modele);
 
     auto* centre = new QWidget;
     auto* colonne = new QVBoxLayout(centre);
     colonne->addLayout(haut);
     colonne->addWidget(bandeau);
-    colonne->addWidget(lvListView_, 1);
-    auto* echappement = new QShortcut(Qt::Key_Escape, this);
-    connect(echappement, &QShortcut::activated, this, &frmRecherche::Echapper);
+    colonne->addWidget(lvListView, 1);
     return centre;
 }
 
-void frmRecherche::CreerStatut()
+void PanneauxRecherche::CreerStatut(QMainWindow& fenetre)
 {
-    commentaire_ = new QLabel;
-    commentaire_->setObjectName("Commentaire");
-    barre_ = new QProgressBar;
-    barre_->setObjectName("Progression");
-    barre_->setAccessibleName("Progression");
-    barre_->setRange(0, 0);  // nobody knows how many rows will come without searching twice
-    barre_->setTextVisible(false);
-    barre_->setMaximumWidth(220);
-    statusBar()->addWidget(commentaire_, 1);
-    statusBar()->addPermanentWidget(barre_);
+    commentaire = new QLabel;
+    commentaire->setObjectName("Commentaire");
+    barre = new QProgressBar;
+    barre->setObjectName("Progression");
+    barre->setAccessibleName("Progression");
+    barre->setRange(0, 0);  // nobody knows how many rows will come without searching twice
+    barre->setTextVisible(false);
+    barre->setMaximumWidth(220);
+    fenetre.statusBar()->addWidget(commentaire, 1);
+    fenetre.statusBar()->addPermanentWidget(barre);
 }
 
 // Black is the palette's own text colour, which a dark theme makes light.
-void frmRecherche::Colorer()
+void PanneauxRecherche::Colorer(int onglet)
 {
+    const QPalette palette = pages->palette();
     for (int i = 0; i < NombreOnglets; ++i) {
-        QPalette couleurs = palette();
-        if (i == onglet_)
+        QPalette couleurs = palette;
+        if (i == onglet)
             couleurs.setColor(QPalette::ButtonText, Lisible(QColor(0, 0, 255), couleurs));
-        btn_[i]->setPalette(couleurs);
+        btn[i]->setPalette(couleurs);
     }
-    aide_->setText(TexteAide(Lisible(QColor(255, 0, 0), palette()), Lisible(QColor(0, 0, 255), palette())));
+    aide->setText(TexteAide(Lisible(QColor(255, 0, 0), palette), Lisible(QColor(0, 0, 255), palette)));
 }

@@ -1,0 +1,69 @@
+#include "browser/Commandes.h"
+
+#include "catalogue/Cles.h"
+
+namespace {
+
+template <typename Choix>
+constexpr unsigned Un(Choix choix)
+{
+    return static_cast<unsigned>(choix);
+}
+
+constexpr unsigned ToutNoeud = ~0U, ToutItem = ~0U;
+constexpr unsigned Toujours = 1, SaufOccupe = 0;
+
+// For which nodes and which items a command may be given, and whether also while the tree is being loaded.
+struct Regle {
+    unsigned noeuds = ToutNoeud;
+    unsigned items = ToutItem;
+    unsigned occupe = SaufOccupe;
+};
+
+constexpr unsigned SousLaRacine = Un(NoeudChoisi::Media) | Un(NoeudChoisi::Repertoire) | Un(NoeudChoisi::Archive);
+
+constexpr Regle Regles[NombreCommandes] = {
+    {},                                                                 // CreerCatalogue
+    {},                                                                 // OuvrirCatalogue
+    {~Un(NoeudChoisi::Aucun)},                                          // DupliquerCatalogue
+    {},                                                                 // SupprimerCatalogue
+    {SousLaRacine},                                                     // RetirerCatalogue
+    {},                                                                 // AjouterMedia
+    {ToutNoeud, Un(ItemChoisi::Fichier)},                               // LancerFichier
+    {ToutNoeud, Un(ItemChoisi::Fichier) | Un(ItemChoisi::Repertoire)},  // OuvrirDossier
+    {},                                                                 // Rechercher
+    {ToutNoeud, ToutItem, Toujours},                                    // Preferences
+    {ToutNoeud, ToutItem, Toujours},                                    // Quitter
+};
+
+}  // namespace
+
+ContexteCommandes Contexte(const ArbreCatalogue& arbre, std::string_view cleItem, bool repertoire)
+{
+    ContexteCommandes contexte;
+    const int32_t noeud = arbre.Selection();
+    const std::string_view cle = arbre.CleSelection();
+    if (noeud == ArbreCatalogue::Aucun)
+        contexte.noeud = NoeudChoisi::Aucun;
+    else if (arbre[noeud].parent == ArbreCatalogue::Aucun)
+        contexte.noeud = NoeudChoisi::Racine;
+    else if (arbre.EstMedia(noeud))
+        contexte.noeud = NoeudChoisi::Media;
+    else
+        contexte.noeud = EstCleDansArchive(cle) ? NoeudChoisi::Archive : NoeudChoisi::Repertoire;
+
+    if (cleItem.empty())
+        contexte.item = ItemChoisi::Aucun;
+    else if (EstCleDansArchive(cle))
+        contexte.item = ItemChoisi::DansArchive;
+    else
+        contexte.item = repertoire ? ItemChoisi::Repertoire : ItemChoisi::Fichier;
+    return contexte;
+}
+
+bool CommandePermise(Commande commande, const ContexteCommandes& contexte)
+{
+    const Regle& regle = Regles[static_cast<size_t>(commande)];
+    return (!contexte.occupe || regle.occupe == Toujours) && (regle.noeuds & Un(contexte.noeud)) != 0 &&
+           (regle.items & Un(contexte.item)) != 0;
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "catalogue/ArbreCatalogue.h"
+
+// The commands of the browser, by name, and when each may be given.
+
+enum class Commande {
+    CreerCatalogue,
+    OuvrirCatalogue,
+    DupliquerCatalogue,
+    SupprimerCatalogue,
+    RetirerCatalogue,  // the same, on the tool bar
+    AjouterMedia,
+    LancerFichier,
+    OuvrirDossier,
+    Rechercher,
+    Preferences,
+    Quitter,
+};
+inline constexpr size_t NombreCommandes = static_cast<size_t>(Commande::Quitter) + 1;
+
+enum class NoeudChoisi : unsigned { Aucun = 1, Racine = 2, Media = 4, Repertoire = 8, Archive = 16 };
+enum class ItemChoisi : unsigned { Aucun = 1, Repertoire = 2, Fichier = 4, DansArchive = 8 };
+
+struct ContexteCommandes {
+    NoeudChoisi noeud = NoeudChoisi::Aucun;
+    ItemChoisi item = ItemChoisi::Aucun;
+    bool occupe = false;  // the tree is being loaded
+};
+
+// What is selected: `cleItem` and `repertoire` tell of the list's item, no key when there is none.
+ContexteCommandes Contexte(const ArbreCatalogue& arbre, std::string_view cleItem, bool repertoire);
+
+bool CommandePermise(Commande commande, const ContexteCommandes& contexte);

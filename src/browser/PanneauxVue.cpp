@@ -1,0 +1,172 @@
+#include "browser/PanneauxVue.h"
+
+#include <algorithm>
+
+#include <QFontDatabase>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QListView>
+#include <QMainWindow>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTreeView>
+
+#include "browser/ModeleArbre.h"
+#include "browser/ModeleListe.h"
+#include "fenetres/DelegueGrille.h"
+
+namespace {
+
+void Preparer(QAbstractItemView& vue, ModeleListe& modele)
+{
+    vue.setModel(&modele);
+    vue.setSelectionMode(QAbstractItemView::SingleSelection);
+    vue.setSelectionBehavior(QAbstractItemView::SelectRows);
+    vue.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    vue.setContextMenuPolicy(Qt::CustomContextMenu);
+    vue.setAccessibleName("Contenu");
+}
+
+}  // namespace
+
+PanneauxVue::PanneauxVue(QMainWindow& fenetre, ModeleArbre& modeleArbre, ModeleListe& modeleListe)
+{
+    CreerArbre(modeleArbre);
+    CreerListe(modeleListe);
+    CreerDescription();
+
+    horizontal = new QSplitter(Qt::Vertical);
+    horizontal->addWidget(liste);
+    horizontal->addWidget(description);
+    horizontal->setStretchFactor(0, 1);
+    auto* droite = new QWidget;
+    auto* colonne = new QVBoxLayout(droite);
+    colonne->setContentsMargins(0, 0, 0, 0);
+    colonne->setSpacing(2);
+    colonne->addWidget(CreerBandeau());
+    colonne->addWidget(horizontal, 1);
+    vertical = new QSplitter(Qt::Horizontal);
+    vertical->addWidget(arbre);
+    vertical->addWidget(droite);
+    vertical->setStretchFactor(1, 1);
+    for (QSplitter* separateur : {vertical, horizontal}) {
+        separateur->setChildrenCollapsible(false);
+        separateur->setOpaqueResize(false);  // a bar moves; the place is taken when it is let go
+    }
+    fenetre.setCentralWidget(vertical);
+    CreerStatut(fenetre);
+    QWidget::setTabOrder(arbre, rapport);
+    QWidget::setTabOrder(rapport, icones);
+    QWidget::setTabOrder(icones, description);
+}
+
+void PanneauxVue::CreerArbre(ModeleArbre& modele)
+{
+    arbre = new QTreeView;
+    arbre->setObjectName("tvTreeView");
+    arbre->setAccessibleName("Liste des catalogues");
+    arbre->setModel(&modele);
+    arbre->setHeaderHidden(true);
+    arbre->setUniformRowHeights(true);
+    arbre->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    arbre->setContextMenuPolicy(Qt::CustomContextMenu);
+}
+
+void PanneauxVue::CreerListe(ModeleListe& modele)
+{
+    rapport = new QTreeView;
+    rapport->setObjectName("lvRapport");
+    icones = new QListView;
+    icones->setObjectName("lvIcones");
+    Preparer(*rapport, modele);
+    Preparer(*icones, modele);
+    icones->setSelectionModel(rapport->selectionModel());
+
+    rapport->setRootIsDecorated(false);
+    rapport->setUniformRowHeights(true);
+    rapport->setAllColumnsShowFocus(true);
+    grille = new DelegueGrille(rapport);
+    rapport->setItemDelegate(grille);
+    PreparerColonnes(*rapport->header());
+
+    icones->setUniformItemSizes(true);
+    icones->setResizeMode(QListView::Adjust);
+    icones->setWrapping(true);
+    icones->setTextElideMode(Qt::ElideMiddle);
+    icones->setMovement(QListView::Static);
+    liste = new QStackedWidget;
+    liste->addWidget(rapport);
+    liste->addWidget(icones);
+}
+
+void PanneauxVue::CreerDescription()
+{
+    description = new QPlainTextEdit;
+    description->setObjectName("description");
+    description->setReadOnly(true);
+    description->setTabChangesFocus(true);
+    // Texts from files come in columns and drawings; the letters keep the size of all others.
+    QFont egale = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    egale.setPointSizeF(QFontInfo(description->font()).pointSizeF());
+    description->setFont(egale);
+    description->setAccessibleName("Description");
+    description->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+QFrame* PanneauxVue::CreerBandeau()
+{
+    iconeTitre = new QLabel;
+    titre = new QLabel;
+    titre->setObjectName("titre");
+    titre->setTextFormat(Qt::PlainText);
+    auto* bandeau = new QFrame;
+    bandeau->setFrameShape(QFrame::StyledPanel);
+    bandeau->setMinimumHeight(bandeau->fontMetrics().lineSpacing() + 10);
+    // The text's own blanks leave the room in which the icon stands.
+    auto* rangee = new QGridLayout(bandeau);
+    rangee->setContentsMargins(6, 3, 6, 3);
+    rangee->addWidget(titre, 0, 0);
+    rangee->addWidget(iconeTitre, 0, 0, Qt::AlignLeft | Qt::AlignVCenter);
+    return bandeau;
+}
+
+void PanneauxVue::CreerStatut(QMainWindow& fenetre)
+{
+    commentaire = new QLabel;
+    commentaire->setObjectName("Commentaire");
+    barre = new QProgressBar;
+    barre->setRange(0, 1000);
+    barre->setTextVisible(false);
+    barre->setMaximumWidth(220);
+    barre->hide();
+    fenetre.statusBar()->addWidget(commentaire, 1);
+    fenetre.statusBar()->addPermanentWidget(barre);
+}
+
+QAbstractItemView* PanneauxVue::VueListe() const
+{
+    return qobject_cast<QAbstractItemView*>(liste->currentWidget());
+}
+
+void PanneauxVue::Afficher(int mode)
+{
+    const bool focus = VueListe()->hasFocus();
+    icones->setViewMode(mode == GrandesIcones ? QListView::IconMode : QListView::ListMode);
+    const int cote = mode == GrandesIcones ? 48 : icones->style()->pixelMetric(QStyle::PM_SmallIconSize);
+    icones->setIconSize({cote, cote});
+    icones->setFlow(mode == EnListe ? QListView::TopToBottom : QListView::LeftToRight);
+    icones->setMovement(QListView::Static);
+    const int hauteur = icones->fontMetrics().lineSpacing(), largeur = icones->fontMetrics().averageCharWidth();
+    icones->setGridSize(mode == GrandesIcones ? QSize(largeur * 20, cote + 3 * hauteur)
+                                              : QSize(largeur * 30 + cote, std::max(cote, hauteur) + 6));
+    icones->setWordWrap(mode == GrandesIcones);
+    liste->setCurrentWidget(mode == Rapport ? static_cast<QWidget*>(rapport) : icones);
+    if (focus)
+        VueListe()->setFocus();
+    VueListe()->scrollTo(VueListe()->currentIndex());
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+class DelegueGrille;
+class ModeleArbre;
+class ModeleListe;
+class QAbstractItemView;
+class QFrame;
+class QLabel;
+class QListView;
+class QMainWindow;
+class QPlainTextEdit;
+class QProgressBar;
+class QSplitter;
+class QStackedWidget;
+class QTreeView;
+
+// The ways to show the list, as the settings number them.
+enum Affichage { GrandesIcones, PetitesIcones, EnListe, Rapport };
+
+// The widgets of the browser window, laid out: the tree on the left; on the right a title strip, the list and the
+// description. They belong to the window.
+struct PanneauxVue {
+    PanneauxVue(QMainWindow& fenetre, ModeleArbre& modeleArbre, ModeleListe& modeleListe);
+
+    // The one of the list's two views that is seen. Both follow one selection.
+    QAbstractItemView* VueListe() const;
+    void Afficher(int mode);
+
+    QTreeView* arbre;
+    QTreeView* rapport;
+    DelegueGrille* grille;
+    QListView* icones;
+    QStackedWidget* liste;
+    QPlainTextEdit* description;
+    QLabel* iconeTitre;
+    QLabel* titre;
+    QLabel* commentaire;
+    QProgressBar* barre;
+    QSplitter* vertical;
+    QSplitter* horizontal;
+
+private:
+    void CreerArbre(ModeleArbre& modele);
+    void CreerListe(ModeleListe& modele);
+    void CreerDescription();
+    QFrame* CreerBandeau();
+    void CreerStatut(QMainWindow& fenetre);
+};

@@ -1,0 +1,94 @@
+#include "catalogue/Lignes.h"
+
+#include "commun/Formes.h"
+
+namespace {
+
+// The first of two selects that has a row, the second one otherwise.
+Recordset NomOuAlias(Base& base, const std::string& debut, std::string_view nom)
+{
+    const std::string fin = std::string(nom) + "' order by nom asc";
+    Recordset lignes = base.OpenRecordset(debut + " and Nom = '" + fin);
+    return lignes.Eof() ? base.OpenRecordset(debut + " and Alias = '" + fin) : std::move(lignes);
+}
+
+std::string Texte(std::string_view morceau)
+{
+    return std::string(morceau);
+}
+
+}  // namespace
+
+Recordset LignesContenu(Base& base, const CleNoeud& noeud)
+{
+    return base.OpenRecordset("Select * from Liste where Répertoire= '" + noeud.contenu +
+                              "' and NCatalogue = " + noeud.catalogue + " order by nom asc");
+}
+
+Recordset LignesRepertoires(Base& base, int64_t media)
+{
+    return base.OpenRecordset("Select * from Liste where Attribut= 'D' and NCatalogue = " + Str(media) +
+                              " order by NCatalogue asc, Répertoire asc, nom asc");
+}
+
+Recordset TrouverLigne(Base& base, const ArbreCatalogue& arbre, int32_t noeud)
+{
+    const CleNoeud parent = AnalyserCle(arbre[arbre[noeud].parent].cle);
+    return NomOuAlias(
+        base, "Select * from Liste where Répertoire= '" + parent.contenu + "' and NCatalogue = " + parent.catalogue,
+        arbre[noeud].texte);
+}
+
+Recordset LigneNoeud(Base& base, const ArbreCatalogue& arbre, int32_t noeud)
+{
+    if (noeud == ArbreCatalogue::Aucun || arbre[noeud].parent == ArbreCatalogue::Aucun)
+        return {};
+    if (!arbre.EstMedia(noeud))
+        return TrouverLigne(base, arbre, noeud);
+    const CleNoeud cle = AnalyserCle(arbre[noeud].cle);
+    return LigneRepertoire(base, cle.catalogue, cle.code);
+}
+
+Recordset LigneRepertoire(Base& base, std::string_view media, std::string_view code)
+{
+    return base.OpenRecordset("Select * from Liste where RepertoirePere = '" + Texte(code) +
+                              "' and NCatalogue = " + Texte(media) + " order by nom asc");
+}
+
+Recordset LigneRepertoire(Base& base, std::string_view media, std::string_view code, std::string_view nom)
+{
+    return NomOuAlias(
+        base, "Select * from Liste where NCAtalogue =  " + Texte(media) + " and RepertoirePere = '" + Texte(code) + "'",
+        nom);
+}
+
+Recordset LigneNumero(Base& base, std::string_view numero)
+{
+    return base.OpenRecordset("Select * from Liste where Num =  " + Texte(numero) + " order by nom asc");
+}
+
+Recordset LigneNumero(Base& base, std::string_view numero, std::string_view media, std::string_view nom)
+{
+    const std::string fin = std::string(nom) + "' order by nom asc";
+    Recordset lignes = base.OpenRecordset("Select * from Liste where Num= " + Texte(numero) +
+                                          " and NCatalogue = " + Texte(media) + " and Nom = '" + fin);
+    if (!lignes.Eof())
+        return lignes;
+    return base.OpenRecordset("Select * from Liste where Num = " + Texte(numero) + " and NCatalogue = " + Texte(media) +
+                              " and Alias = '" + fin);
+}
+
+bool EstRepertoire(std::string_view attribut)
+{
+    return attribut == "D";
+}
+
+bool EstRepertoireOuDansArchive(std::string_view attribut)
+{
+    return attribut == "D" || attribut == "Z";
+}
+
+std::string_view NomMontre(Recordset& ligne)
+{
+    return ligne.Texte(ligne.EstNul("Alias") ? "Nom" : "Alias");
+}

@@ -1,0 +1,192 @@
+#include "shell/Fenetres.h"
+
+#include <QApplication>
+
+#include "browser/frmView.h"
+#include "catalogue/Cles.h"
+#include "extraction/FrmSemiAuto.h"
+#include "fenetres/Place.h"
+#include "fenetres/TravailFenetre.h"
+#include "platform/OperationsFichiers.h"
+#include "search/Arborescence.h"
+#include "search/frmRecherche.h"
+#include "shell/FrmMain.h"
+#include "shell/FrmOptions.h"
+#include "store/CycleBase.h"
+
+Fenetres::Fenetres(Dialogues& dialogues)
+    : dialogues_(dialogues), travail_(ReveilFenetre(this, [this] { travail_.Livrer(); }))
+{
+}
+
+Fenetres::~Fenetres() = default;
+
+void Fenetres::Demarrer()
+{
+    InitialiserBase();
+    CreerPrincipale();
+    principale_->show();
+}
+
+void Fenetres::CreerPrincipale()
+{
+    principale_ = std::make_unique<FrmMain>();
+    connect(principale_.get(), &FrmMain::assistantVoulu, this, [this] { OuvrirAssistant(principale_.get()); });
+    connect(principale_.get(), &FrmMain::vueVoulue, this, [this] { OuvrirVue(principale_.get()); });
+    connect(principale_.get(), &FrmMain::fermetureVoulue, this, [this] { Quitter(principale_.get()); });
+}
+
+void Fenetres::CreerVue()
+{
+    vue_ = std::make_unique<frmView>(dialogues_, choixLecteur_, travail_);
+    connect(vue_.get(), &frmView::ajoutVoulu, this, [this] { OuvrirAssistant(vue_.get()); });
+    connect(vue_.get(), &frmView::rechercheVoulue, this, &Fenetres::OuvrirRecherche);
+    connect(vue_.get(), &frmView::preferencesVoulues, this, &Fenetres::OuvrirPreferences);
+    connect(vue_.get(), &frmView::sortieVoulue, this, [this] { Quitter(vue_.get()); });
+    connect(vue_.get(), &frmView::fermetureVoulue, this, &Fenetres::FermerVue);
+    connect(vue_.get(), &frmView::chargement, this, [this](double part) {
+        if (attente_.isVisible())
+            attente_.Avancer("Chargement en cours ...", part);
+    });
+    connect(vue_.get(), &frmView::charge, this, [this] {
+        if (courante_ == "FrmView" && !vue_->isVisible() && !(recherche_ && recherche_->isVisible()))
+            MontrerVue(avantVue_);
+    });
+}
+
+void Fenetres::CreerRecherche()
+{
+    recherche_ = std::make_unique<frmRecherche>(dialogues_, travail_);
+    connect(recherche_.get(), &frmRecherche::resultatVoulu, this, &Fenetres::Atteindre);
+    connect(recherche_.get(), &frmRecherche::fermetureVoulue, this, [this] { PrendreLaPlace(*vue_, *recherche_); });
+    connect(recherche_.get(), &frmRecherche::sortieVoulue, this, [this] { Quitter(recherche_.get()); });
+}
+
+void Fenetres::OuvrirAssistant(QWidget* depuis)
+{
+    courante_ = "FrmSemiAuto";
+    depuisVue_ = depuis == vue_.get();
+    assistant_ = std::make_unique<FrmSemiAuto>(dialogues_, travail_);
+    connect(assistant_.get(), &FrmSemiAuto::catalogueVoulu, this, [this] {
+        precedente_ = "FrmSemi";
+        OuvrirVue(assistant_.get());
+    });
+    connect(assistant_.get(), &FrmSemiAuto::fermetureVoulue, this, &Fenetres::FermerAssistant);
+    connect(assistant_.get(), &FrmSemiAuto::sortieVoulue, this, [this] { Quitter(assistant_.get()); });
+    assistant_->show();
+    depuis->hide();
+}
+
+void Fenetres::FermerAssistant()
+{
+    assistant_->hide();
+    if (depuisVue_)
+        OuvrirVue(nullptr);
+    else
+        Revenir();
+}
+
+void Fenetres::OuvrirVue(QWidget* depuis)
+{
+    if (depuis == principale_.get())
+        precedente_ = "FrmMain";
+    courante_ = "FrmView";
+    avantVue_ = depuis;
+    if (!vue_)
+        CreerVue();
+    if (!vue_->ChargerArbre()) {
+        MontrerVue(depuis);
+        return;
+    }
+    if (depuis)
+        depuis->hide();
+    attente_.Montrer("Chargement en cours ...", nullptr);
+}
+
+// The wizard hands its place over; the start window is too small to do so.
+void Fenetres::MontrerVue(QWidget* depuis)
+{
+    attente_.hide();
+    if (depuis && depuis != principale_.get())
+        vue_->setGeometry(depuis->geometry());
+    if (depuis)
+        depuis->hide();
+    vue_->show();
+    vue_->raise();
+    vue_->activateWindow();
+}
+
+void Fenetres::OuvrirRecherche()
+{
+    vue_->Memoriser();
+    if (!recherche_)
+        CreerRecherche();
+    recherche_->Ouvrir();
+    PrendreLaPlace(*recherche_, *vue_);
+}
+
+void Fenetres::Atteindre(const ItemListe& resultat)
+{
+    const CleResultat cle = AnalyserCleResultat(resultat.cle);
+    frmView::Cible cible;
+    cible.cleNoeud = cle.noeud;
+    cible.cleItem = resultat.EstRepertoire() ? std::string() : cle.item;
+    // The result itself may be gone by the time that the tree is loaded.
+    cible.preparer = [cle = std::string(resultat.cle)](ArbreCatalogue& arbre) { Generer_Arborescence(arbre, cle); };
+    cible.fini = [this](bool trouve) {
+        recherche_->ResultatAtteint(trouve);
+        if (trouve)
+            PrendreLaPlace(*vue_, *recherche_);
+    };
+    vue_->Atteindre(cible);
+}
+
+void Fenetres::OuvrirPreferences()
+{
+    FrmOptions(dialogues_, vue_.get()).exec();
+    vue_->RelireOptions();
+}
+
+void Fenetres::Revenir()
+{
+    courante_ = "FrmMain";
+    principale_->show();
+    principale_->raise();
+    principale_->activateWindow();
+}
+
+// Back to the start window when the browser was opened from there, else the end.
+void Fenetres::FermerVue()
+{
+    if (precedente_ != "FrmMain") {
+        Quitter(vue_.get());
+        return;
+    }
+    vue_->hide();
+    Revenir();
+}
+
+// The exit procedure. What closing a window keeps is kept whatever way leads here.
+void Fenetres::Quitter(QWidget* devant)
+{
+    if (quitte_ || !dialogues_.Demander("Voulez-vous vraiment quitter Velourne ?"))
+        return;
+    quitte_ = true;
+    if (principale_->isVisible())
+        principale_->Memoriser();
+    if (vue_ && vue_->isVisible())
+        vue_->Memoriser();
+    if (recherche_ && recherche_->isVisible())
+        recherche_->Memoriser();
+    if (assistant_ && assistant_->isVisible())
+        assistant_->Memoriser();
+    for (const Place place : {Place::Arbre, Place::Liste, Place::Tri, Place::Recherche})
+        travail_.Arreter(place);
+    attente_.Montrer("Velourne est en cours de fermeture ... ", devant);
+    travail_.Demander(
+        Place::Compaction, [](const std::stop_token&) { CompacterBase(); },
+        [this] {
+            SupprimerFichier(CheminIconeTemporaire());
+            emit terminee();
+        });
+}
