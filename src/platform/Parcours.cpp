@@ -126,7 +126,7 @@ uint16_t ModeDepuisType(uint8_t type)
 bool Decrire(int dossier, const char* nom, uint8_t type, Attributs sorte, EntreeDossier& entree)
 {
     struct statx etat {};
-    constexpr unsigned voulu = STATX_TYPE | STATX_MODE | STATX_SIZE | STATX_BTIME | STATX_MTIME;
+    constexpr unsigned voulu = STATX_TYPE | STATX_MODE | STATX_INO | STATX_SIZE | STATX_BTIME | STATX_MTIME;
     constexpr int drapeaux = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | AT_STATX_DONT_SYNC;
     if (statx(dossier, nom, drapeaux, voulu, &etat) != 0) {
         if (errno == ENOENT)
@@ -139,10 +139,12 @@ bool Decrire(int dossier, const char* nom, uint8_t type, Attributs sorte, Entree
     entree.nomReel = nom;
     entree.nom = NomEnTexte(entree.nomReel);
     entree.ordinaire = S_ISREG(etat.stx_mode);
+    entree.numero = {uint64_t{etat.stx_dev_major} << 32 | etat.stx_dev_minor, etat.stx_ino};
     entree.taille = entree.ordinaire || estLien ? etat.stx_size : 0;
     entree.creation = Creation(etat);
-    const bool ouvrable = entree.ordinaire || estDossier;
-    if (sorte == Attributs::Aucuns || !ouvrable || !AttributsPropres(sorte, dossier, nom, entree.attributs))
+    const bool propres = sorte != Attributs::Aucuns &&
+                         (estDossier || (entree.ordinaire && !EntreeReservee(dossier, nom, entree.numero)));
+    if (!propres || !AttributsPropres(sorte, dossier, nom, entree.attributs))
         entree.attributs = AttributsGeneraux(etat, nom);
     entree.attributs &= ~(AttributDossier | AttributLien);
     if (estDossier)
@@ -287,7 +289,8 @@ void Parcours::Remonter()
 Fichier Parcours::Ouvrir(const EntreeDossier& entree) const
 {
     const int dossier = etat_->Courant();
-    if (dossier < 0 || !entree.ordinaire || !NomSimple(entree.nomReel))
+    if (dossier < 0 || !entree.ordinaire || !NomSimple(entree.nomReel) ||
+        EntreeReservee(dossier, entree.nomReel.c_str(), entree.numero))
         return {};
     constexpr int drapeaux = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     return Fichier(openat(dossier, entree.nomReel.c_str(), drapeaux));

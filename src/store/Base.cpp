@@ -208,6 +208,11 @@ bool Base::CreateField(std::string_view table, const DefinitionChamp& champ)
     return fait;
 }
 
+bool Base::LireCompteur(std::array<uint8_t, 4>& compteur)
+{
+    return connexion_ && connexion_->LireCompteur(compteur);
+}
+
 bool Base::ParcourirNoms(const std::function<bool(int64_t, std::string_view, std::string_view)>& recevoir)
 {
     if (!connexion_ || connexion_->enTransaction)  // rows that may yet be undone

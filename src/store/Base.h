@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -45,6 +46,10 @@ public:
     // Each false when the table or field exists already, or anything else fails.
     bool CreateTableDef(std::string_view table, std::initializer_list<DefinitionChamp> champs);
     bool CreateField(std::string_view table, const DefinitionChamp& champ);
+    // The change counter in the head of the file: it grows with the first write of each opening. False when it can't be
+    // read.
+    bool LireCompteur(std::array<uint8_t, 4>& compteur);
+
     // Hands over number, name and alias of every row of `Liste`, by number, until the function returns false. False
     // when not all rows could be read.
     bool ParcourirNoms(

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -11,6 +12,7 @@
 #include <sqlite3.h>
 
 #include "commun/Formes.h"
+#include "platform/FichiersReserves.h"
 
 // Inside of the store only: the connection that all openings of one base share.
 
@@ -87,11 +89,16 @@ struct Connexion {
     void OublierCompteurs();
     void OublierTables();
 
+    // Change counter of the file, as it stands there now.
+    bool LireCompteur(std::array<uint8_t, 4>& compteur);
+
     sqlite3* db = nullptr;
     bool enTransaction = false;
     std::vector<Attache*> attaches;
 
 private:
+    FichierReserve fichier_;  // until the engine has let the file go
+
     Lot& LotDe(const std::shared_ptr<TableBase>& table);
     bool Ecrire(Lot& lot);
 
@@ -106,6 +113,9 @@ bool MemeNom(std::string_view a, std::string_view b);
 // First word of a statement, in lower case.
 std::string PremierMot(std::string_view texte);
 std::string EntreGuillemets(std::string_view nom);
+
+// The engine's own handle of a database file, valid as long as the connection; null when there is none.
+sqlite3_file* FichierDuMoteur(sqlite3* db);
 
 // True while a base is open in this process by this path.
 bool BaseOuverteIci(const std::string& chemin);

@@ -32,11 +32,9 @@ struct EnTeteBloc {
 
 constexpr size_t TailleBloc = 256 * 1024;
 
-bool LireEtatBase(const std::string& base, EtatBase& etat)
+bool LireEtatBase(const std::string& chemin, Base& base, EtatBase& etat)
 {
-    constexpr uint64_t placeCompteur = 24;
-    return LireEtatFichier(base, etat.fichier) &&
-           Fichier(base).Lire(placeCompteur, etat.compteur.data(), etat.compteur.size()) == etat.compteur.size();
+    return base.Ouverte() && LireEtatFichier(chemin, etat.fichier) && base.LireCompteur(etat.compteur);
 }
 
 // One file per base, named after its path.
@@ -154,7 +152,7 @@ bool PreparerIndexNoms(const std::string& base)
 {
     Base ouverte = OpenDatabase(base);
     EtatBase etat;
-    if (!ouverte.Ouverte() || !LireEtatBase(base, etat))
+    if (!LireEtatBase(base, ouverte, etat))
         return false;
     const std::string chemin = CheminIndex(base);
     if (IndexDe(Fichier(chemin), etat))
@@ -175,8 +173,11 @@ bool PreparerIndexNoms(const std::string& base)
 std::optional<std::vector<int64_t>> CandidatsNoms(const std::string& base, std::string_view motif)
 {
     const std::string partie = PartieFixe(motif);
+    if (partie.empty() || partie.find('\n') != partie.npos)
+        return std::nullopt;
+    Base ouverte = OpenDatabase(base);
     EtatBase etat;
-    if (partie.empty() || partie.find('\n') != partie.npos || !LireEtatBase(base, etat))
+    if (!LireEtatBase(base, ouverte, etat))
         return std::nullopt;
     const Fichier index(CheminIndex(base));
     if (!IndexDe(index, etat))

@@ -1,8 +1,12 @@
+#include <sys/mman.h>
+
 #include <algorithm>
+#include <atomic>
 #include <map>
 #include <thread>
 
 #include "extraction/bsDrive.h"
+#include "outils/Brut.h"
 #include "outils/Enfant.h"
 #include "outils/ExtractionTest.h"
 #include "platform/Lecteurs.h"
@@ -155,6 +159,46 @@ TEST_F(ExtractionTest, TueEnPleinTravail)
     EXPECT_EQ(dialogues_.dites.back(), "Le média avec l'identifiant : \"K\" existe, voulez vous le remplacer ?");
     EXPECT_EQ(Lire(reprise.numero), FinExtraction::Complete);
     EXPECT_EQ(Compter(Entrees), 2021);
+}
+
+// The base lies on the drive that is read, as it does by default: nobody else gets at it meanwhile.
+TEST_F(ExtractionTest, LaBaseResteFermeeAuxAutresPendantQuElleEstLue)
+{
+    struct Partage {
+        std::atomic<bool> ouverte, fin;
+        std::atomic<int> essais, ouvertures;
+    };
+    void* memoire = mmap(nullptr, sizeof(Partage), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    ASSERT_NE(memoire, MAP_FAILED);
+    auto* partage = new (memoire) Partage{};
+    const std::string base = (disque_ / "base.exe").string();
+    CreerBaseVide(base);
+    SaveSetting(SectionSettings, CleBaseCourante, base);
+    RelireBaseCourante();
+    fs::create_hard_link(base, disque_ / "la même.exe");
+    Remplir(200);
+    const pid_t autre = fork();
+    if (autre == 0) {
+        for (; !partage->fin; partage->essais += partage->ouverte)
+            partage->ouvertures += partage->ouverte && OpenDatabase(base).Ouverte();
+        _exit(0);
+    }
+    const ReponseMedia media = Inscrire("B", "Base");
+    {
+        const Base retenue = OpenDatabase(base);
+        ASSERT_TRUE(retenue.Ouverte());
+        partage->ouverte = true;
+        EXPECT_EQ(Lire(media.numero), FinExtraction::Complete);
+        for (const int avant = partage->essais; partage->essais < avant + 3;)
+            std::this_thread::yield();
+        partage->ouverte = false;
+    }
+    partage->fin = true;
+    waitpid(autre, nullptr, 0);
+    EXPECT_EQ(partage->ouvertures, 0);
+    EXPECT_EQ(Compter("select * from Liste where Nom like '*.exe' or Nom like 'base.exe-*'"), 3);
+    EXPECT_EQ(Brut(base, "pragma integrity_check"), std::vector<std::string>{"ok"});
+    munmap(memoire, sizeof(Partage));
 }
 
 TEST_F(ExtractionTest, DisquePlein)
