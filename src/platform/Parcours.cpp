@@ -15,6 +15,7 @@
 #include "commun/Texte.h"
 #include "platform/Descripteur.h"
 #include "platform/Lecteurs.h"
+#include "platform/Locale.h"
 #include "platform/MontagesMachine.h"
 
 namespace {
@@ -105,7 +106,7 @@ uint32_t AttributsGeneraux(const struct statx& etat, const char* nom)
 
 int64_t EnTemps1601(const struct statx_timestamp& temps)
 {
-    return (temps.tv_sec + 11'644'473'600) * 10'000'000 + temps.tv_nsec / 100;
+    return TempsDepuis1601(temps.tv_sec, temps.tv_nsec);
 }
 
 int64_t Creation(const struct statx& etat)
