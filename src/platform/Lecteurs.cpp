@@ -470,5 +470,5 @@ char LettreDuDossier(const std::string& dossier)
 bool EstVolumeNonFat(char lettre)
 {
     VolumeLecteur volume;
-    return VolumeDuLecteur(lettre, volume) && !Majuscules(volume.systeme).starts_with("FAT");
+    return VolumeDuLecteur(lettre, volume) && !EstSystemeFat(volume.systeme);
 }
