@@ -119,6 +119,13 @@ TEST_F(Preferences, SwitchesOfDiversShowAsOnWhileNothingReadsThemSo)
     }
 }
 
+TEST_F(Preferences, CaptionsOfDiversStandAsTheyAreGiven)
+{
+    EXPECT_EQ(Case("Divers0")->text().toStdString(), "      Afficher la grille");
+    EXPECT_EQ(Case("Divers2")->text().toStdString(), "      Afficher les noms des fichiers lors de l'extraction");
+    EXPECT_EQ(Case("Freedb1")->text().toStdString(), "Utiliser le proxy");
+}
+
 TEST_F(Preferences, SwitchesOfFreedbCarryThoseOfDiversAlong)
 {
     for (const auto& [rang, cle] : {std::pair<std::string, const char*>{"0", "BaseLocale"}, {"1", "Proxy"}}) {
