@@ -2,6 +2,7 @@
 
 #include "platform/OperationsFichiers.h"
 #include "store/CycleBase.h"
+#include "store/PoserBase.h"
 #include "store/Reglages.h"
 
 bool OuvrirCatalogue(const std::string& chemin)
@@ -26,7 +27,7 @@ void DupliquerCatalogue(const std::string& chemin, Dialogues& dialogues)
     if (chemin == BaseCourante())
         dialogues.Informer("Veuillez saisir un autre nom différent que celui du catalogue courant !");
     else
-        CopierFichier(BaseCourante(), chemin);
+        CopierBase(BaseCourante(), chemin);
 }
 
 bool SupprimerCatalogue(Dialogues& dialogues)
@@ -34,7 +35,7 @@ bool SupprimerCatalogue(Dialogues& dialogues)
     if (!dialogues.Demander("Êtes-vous sur de vouloir supprimer la base actuelle : " + BaseCourante() + " ?",
                             "Suppression du catalogue en cours !"))
         return false;
-    SupprimerFichier(BaseCourante());
-    CopierModele(CheminBaseParDefaut());
+    SupprimerBase(BaseCourante());
+    PoserBaseParDefaut();
     return OuvrirCatalogue(CheminBaseParDefaut());
 }

@@ -109,6 +109,7 @@ FrmSemiAuto::FrmSemiAuto(Dialogues& dialogues, QWidget* parent) : QWidget(parent
     Actualiser();
     PlacerFenetre(*this, "TopExtract", "LeftExtract");
     identifiant_->setFocus();
+    Dire("");
 }
 
 FrmSemiAuto::~FrmSemiAuto()
@@ -196,6 +197,7 @@ QWidget* FrmSemiAuto::CreerSaisies()
     ok_->setObjectName("OK");
     ok_->setCheckable(true);
     ok_->setMinimumHeight(40);
+    ok_->installEventFilter(this);
     connect(ok_, &QPushButton::clicked, this, &FrmSemiAuto::PresserOK);
     mise->addStretch(1);
     mise->addWidget(ok_);
@@ -493,6 +495,7 @@ void FrmSemiAuto::Lancer()
     animation_->Demarrer();
     liste_->clear();
     ligne_->clear();
+    avis_.clear();
 
     const DemandeMedia demande{identifiant_->text().toStdString(), nom_->text().toStdString(), lecteur_.Drive(),
                                infos_};
@@ -500,15 +503,17 @@ void FrmSemiAuto::Lancer()
     if (!reponse.accepte) {
         ExitRecherche();
         (reponse.fautif == ChampFautif::Nom ? nom_ : identifiant_)->setFocus();
+        if (reponse.baseFermee)
+            Dire("La base n'a pas pu être ouverte : le média n'a pas été ajouté au catalogue.");
         return;
     }
     ok_->setProperty("media", static_cast<qlonglong>(reponse.numero));
-    DemarrerFil(reponse.numero, infos_.total == " 0 Bytes");
+    DemarrerFil(reponse, infos_.total == " 0 Bytes");
 }
 
-void FrmSemiAuto::DemarrerFil(int64_t media, bool lecteurVide)
+void FrmSemiAuto::DemarrerFil(const ReponseMedia& media, bool lecteurVide)
 {
-    extraction_ = std::make_unique<Extraction>(media, lettre_, infos_.octetsOccupes, lecteurVide);
+    extraction_ = std::make_unique<Extraction>(media.base, media.numero, lettre_, infos_.octetsOccupes, lecteurVide);
     finie_ = false;
     etat_ = Etat::Course;
     LibelleOK(true);
@@ -568,7 +573,7 @@ void FrmSemiAuto::Terminer()
     const bool abandonnee = etat_ == Etat::Finissant || fin_ == FinExtraction::Abandonnee;
     // The answer came when the last row was already written: the media goes all the same.
     if (abandonnee && fin_ == FinExtraction::Complete)
-        SupprimerMedia(Str(ok_->property("media").toLongLong()));
+        SupprimerMedia(Str(extraction_->Media()), extraction_->CheminBase());
     QApplication::restoreOverrideCursor();
     if (!abandonnee && fin_ == FinExtraction::Complete)
         Conclure();
@@ -578,7 +583,7 @@ void FrmSemiAuto::Terminer()
     extraction_.reset();
     ExitRecherche();
     if (echec)
-        ligne_->setText("La base n'a pas pu être écrite : le média n'a pas été ajouté au catalogue.");
+        Dire("La base n'a pas pu être écrite : le média n'a pas été ajouté au catalogue.");
     identifiant_->setFocus();
     if (fermerEnsuite_)
         close();
@@ -611,6 +616,25 @@ void FrmSemiAuto::LibelleOK(bool enCours)
     ok_->setToolTip(enCours ? " Cliquer ICI pour annuler l'extraction " : " Cliquer ICI pour commencer l'extraction ");
 }
 
+// What came of the last press and, once, what became of the bases.
+void FrmSemiAuto::Dire(const QString& texte)
+{
+    avis_ = avis_.isEmpty() ? QString::fromStdString(ReprendreAvis()) : avis_;
+    ligne_->setText(texte.isEmpty() ? avis_ : texte + (avis_.isEmpty() ? "" : "  " + avis_));
+}
+
+// The colour of the button's text follows the pointer.
+bool FrmSemiAuto::eventFilter(QObject* objet, QEvent* evenement)
+{
+    if (evenement->type() == QEvent::Enter || evenement->type() == QEvent::Leave) {
+        QPalette couleurs;
+        if (evenement->type() == QEvent::Enter)
+            couleurs.setColor(QPalette::ButtonText, palette().color(QPalette::Link));
+        ok_->setPalette(couleurs);
+    }
+    return QWidget::eventFilter(objet, evenement);
+}
+
 void FrmSemiAuto::ExitRecherche()
 {
     etat_ = Etat::Repos;
@@ -618,7 +642,7 @@ void FrmSemiAuto::ExitRecherche()
          {static_cast<QWidget*>(repertoires_), static_cast<QWidget*>(fichiers_), static_cast<QWidget*>(descriptions_),
           static_cast<QWidget*>(progression_), static_cast<QWidget*>(pourcentage_)})
         controle->hide();
-    ligne_->clear();
+    Dire("");
     animation_->Arreter();
     LibelleOK(false);
     Activer(true);

@@ -10,6 +10,7 @@
 
 #include "commun/Dialogues.h"
 #include "extraction/Extraction.h"
+#include "extraction/VerifierCatalogue.h"
 #include "extraction/bsDrive.h"
 
 class Animation;
@@ -40,6 +41,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* evenement) override;
+    bool eventFilter(QObject* objet, QEvent* evenement) override;
 
 private:
     // Finissant: the user has abandoned, the worker is still winding up.
@@ -66,7 +68,7 @@ private:
 
     void PresserOK();
     void Lancer();
-    void DemarrerFil(int64_t media, bool lecteurVide);
+    void DemarrerFil(const ReponseMedia& media, bool lecteurVide);
     void Abandonner();
     void Suivre();
     void Terminer();
@@ -74,6 +76,7 @@ private:
     void Activer(bool actif);
     void LibelleOK(bool enCours);
     void ExitRecherche();
+    void Dire(const QString& texte);
 
     Dialogues& dialogues_;
     bsDrive lecteur_;
@@ -83,6 +86,7 @@ private:
     Etat etat_ = Etat::Repos;
     bool questionPosee_ = false;
     bool fermerEnsuite_ = false;
+    QString avis_;  // what became of the bases, shown until the next press
     std::unique_ptr<Extraction> extraction_;
     std::thread fil_;
     std::atomic<bool> finie_ = false;

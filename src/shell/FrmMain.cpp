@@ -22,6 +22,15 @@ QString Image(const QToolButton* bouton, bool survol)
     return QString(":/images/%1%2.svg").arg(bouton->property("image").toString(), survol ? "-actif" : "");
 }
 
+// A window that comes to the front gives the focus to a button by itself: only a key makes it count.
+bool ParLeClavier(const QEvent& evenement)
+{
+    if (evenement.type() != QEvent::FocusIn)
+        return evenement.type() == QEvent::KeyPress;
+    const Qt::FocusReason raison = static_cast<const QFocusEvent&>(evenement).reason();
+    return raison == Qt::TabFocusReason || raison == Qt::BacktabFocusReason || raison == Qt::ShortcutFocusReason;
+}
+
 }  // namespace
 
 FrmMain::FrmMain(Dialogues& dialogues, std::function<Vue(FrmMain&)> creerVue)
@@ -29,6 +38,7 @@ FrmMain::FrmMain(Dialogues& dialogues, std::function<Vue(FrmMain&)> creerVue)
 {
     setWindowTitle("Velourne");
     InitialiserBase();
+    NettoyerRestes();
 
     auto* entete = new QLabel("Velourne");
     QFont grande = entete->font();
@@ -89,13 +99,13 @@ bool FrmMain::eventFilter(QObject* objet, QEvent* evenement)
         case QEvent::Enter:
         case QEvent::Leave:
         case QEvent::FocusIn:
-        case QEvent::FocusOut: {
+        case QEvent::FocusOut:
+        case QEvent::KeyPress: {
             auto* bouton = static_cast<QToolButton*>(objet);
             bouton->setProperty("survol", evenement->type() == QEvent::Enter || (bouton->property("survol").toBool() &&
                                                                                  evenement->type() != QEvent::Leave));
-            bouton->setProperty("clavier",
-                                evenement->type() == QEvent::FocusIn ||
-                                    (bouton->property("clavier").toBool() && evenement->type() != QEvent::FocusOut));
+            bouton->setProperty("clavier", ParLeClavier(*evenement) || (bouton->property("clavier").toBool() &&
+                                                                        evenement->type() != QEvent::FocusOut));
             Commenter();
             break;
         }
@@ -104,7 +114,7 @@ bool FrmMain::eventFilter(QObject* objet, QEvent* evenement)
     return QWidget::eventFilter(objet, evenement);
 }
 
-// The comment of the button under the pointer, else of the one with the focus.
+// The comment of the button under the pointer, else of the one that the keyboard has reached.
 void FrmMain::Commenter()
 {
     QString texte;

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/OperationsFichiers.h"
 #include "store/Recordset.h"
 
 struct Connexion;
@@ -50,6 +51,9 @@ public:
     // read.
     bool LireCompteur(std::array<uint8_t, 4>& compteur);
 
+    // Gives the bytes of the file in pieces. False within a transaction, when they are not a base.
+    bool VerserFichier(const Versement& verser);
+
     // Hands over number, name and alias of every row of `Liste`, by number, until the function returns false. False
     // when not all rows could be read.
     bool ParcourirNoms(
@@ -58,7 +62,8 @@ public:
     // Adds the indexes that the statements in use need and that the base lacks.
     void CreerIndex();
 
-    // One transaction; not nested. Valider and Annuler return false when there is none any more, as after a full disk.
+    // One transaction, see Transaction, which is how to use them; not nested. Valider and Annuler return false when
+    // there is none any more, as after a full disk.
     bool CommencerTransaction();
     bool Valider();
     bool Annuler();

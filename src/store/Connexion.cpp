@@ -144,6 +144,23 @@ sqlite3_file* FichierDuMoteur(sqlite3* db)
     return donne && fichier && fichier->pMethods ? fichier : nullptr;
 }
 
+bool VerserDuMoteur(sqlite3* db, const Versement& verser)
+{
+    sqlite3_file* fichier = FichierDuMoteur(db);
+    sqlite3_int64 taille = 0;
+    if (!fichier || fichier->pMethods->xFileSize(fichier, &taille) != SQLITE_OK)
+        return false;
+    constexpr sqlite3_int64 morceau = 1 << 20;
+    std::string tampon(morceau, '\0');
+    for (sqlite3_int64 place = 0; place < taille; place += morceau) {
+        const auto nombre = static_cast<int>(std::min(morceau, taille - place));
+        if (fichier->pMethods->xRead(fichier, tampon.data(), nombre, place) != SQLITE_OK ||
+            !verser(std::string_view(tampon.data(), static_cast<size_t>(nombre))))
+            return false;
+    }
+    return true;
+}
+
 bool MemeNom(std::string_view a, std::string_view b)
 {
     return a.size() == b.size() && sqlite3_strnicmp(a.data(), b.data(), static_cast<int>(a.size())) == 0;

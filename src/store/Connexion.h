@@ -13,6 +13,7 @@
 
 #include "commun/Formes.h"
 #include "platform/FichiersReserves.h"
+#include "platform/OperationsFichiers.h"
 
 // Inside of the store only: the connection that all openings of one base share.
 
@@ -116,6 +117,8 @@ std::string EntreGuillemets(std::string_view nom);
 
 // The engine's own handle of a database file, valid as long as the connection; null when there is none.
 sqlite3_file* FichierDuMoteur(sqlite3* db);
+// Gives the bytes of the file in pieces, read by that handle.
+bool VerserDuMoteur(sqlite3* db, const Versement& verser);
 
 // True while a base is open in this process by this path.
 bool BaseOuverteIci(const std::string& chemin);

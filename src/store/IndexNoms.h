@@ -9,6 +9,9 @@
 // The names of a base's rows in one small file of the cache folder, so that looking for a word reads some megabytes in
 // place of the whole table. It belongs to one state of the base file and is made anew when that has changed.
 
+// Deletes the indexes of bases that are no longer there.
+void NettoyerIndexNoms();
+
 // Makes the index of a base unless there is one of its present state. False when none can be had.
 bool PreparerIndexNoms(const std::string& base);
 

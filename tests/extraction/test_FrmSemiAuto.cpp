@@ -6,6 +6,7 @@
 #include "extraction/FrmGetDrive.h"
 #include "extraction/FrmResultat.h"
 #include "extraction/RangeeOnglets.h"
+#include "fenetres/Etiquette.h"
 #include "outils/ExtractionTest.h"
 #include "outils/Fenetres.h"
 #include "platform/Lecteurs.h"
@@ -100,6 +101,68 @@ void LireResultat(QTimer& minuterie, std::vector<std::string>& lignes)
 }
 
 }  // namespace
+
+// What is painted: dark ink on light for the chosen tab, white on dark for the others, in light and dark desktops.
+TEST_F(Assistant, TabsAreReadableInAllColours)
+{
+    const auto extremes = [](QToolButton* onglet) {
+        const QImage image = onglet->grab().toImage();
+        int clair = 0, sombre = 255;
+        for (int y = 3; y < image.height() - 3; ++y)
+            for (int x = 3; x < image.width() - 3; ++x) {
+                clair = std::max(clair, qGray(image.pixel(x, y)));
+                sombre = std::min(sombre, qGray(image.pixel(x, y)));
+            }
+        return std::tuple(clair, sombre, qGray(image.pixel(image.width() / 2, 4)));
+    };
+    const QPalette avant = QApplication::palette();
+    for (const QColor fond : {QColor(Qt::white), QColor(32, 32, 32)}) {
+        QApplication::setPalette(QPalette(fond));
+        Ouvrir();
+        ASSERT_GE(menuA_->Nombre(), 2);
+        menuA_->Onglet(0)->click();
+        for (const bool choisi : {true, false}) {
+            const auto [clair, sombre, papier] = extremes(menuA_->Onglet(choisi ? 0 : 1));
+            EXPECT_GT(clair, 200) << choisi;
+            EXPECT_LT(sombre, 110) << choisi;
+            EXPECT_EQ(papier > 200, choisi);
+            EXPECT_EQ(menuA_->Onglet(choisi ? 0 : 1)->font().bold(), choisi);
+        }
+    }
+    QApplication::setPalette(avant);
+}
+
+TEST_F(Assistant, TheButtonsTextFollowsThePointer)
+{
+    const QColor repos = ok_->palette().color(QPalette::ButtonText);
+    const QPointF la(5, 5);
+    QEnterEvent entree(la, la, la);
+    QApplication::sendEvent(ok_, &entree);
+    EXPECT_NE(ok_->palette().color(QPalette::ButtonText), repos);
+    QEvent sortie(QEvent::Leave);
+    QApplication::sendEvent(ok_, &sortie);
+    EXPECT_EQ(ok_->palette().color(QPalette::ButtonText), repos);
+}
+
+TEST_F(Assistant, SaysThatTheBaseCanNotBeOpened)
+{
+    const auto ligne = [this] { return Enfant<Etiquette>(*fenetre_, "Ligne")->text().toStdString(); };
+    Saisir("CD1", "Disque un");
+    Ecrire(BaseCourante(), "pas une base");
+    ok_->click();
+    EXPECT_EQ(ligne(), "La base n'a pas pu être ouverte : le média n'a pas été ajouté au catalogue.");
+    EXPECT_FALSE(fenetre_->EnCours());
+    EXPECT_TRUE(questions_.dites.empty());
+}
+
+TEST_F(Assistant, TellsWhereADefaultBaseWithMediaHasGone)
+{
+    Inscrire("CD0", "Disque zéro");
+    FixerBaseCourante((travail_ / "debranchee.vlr").string());
+    Ouvrir();
+    EXPECT_NE(Enfant<Etiquette>(*fenetre_, "Ligne")->text().indexOf("/defaut 2"), -1);
+    EXPECT_EQ(Compter(Medias), 0);
+}
 
 TEST_F(Assistant, RemembersTheTab)
 {
