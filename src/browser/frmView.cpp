@@ -38,13 +38,16 @@ std::string CleColonne(int colonne)
     return "L" + std::to_string(colonne + 1);
 }
 
-std::string DemanderFichier(QWidget* parent, const char* titre, bool ecrire)
+constexpr std::string_view TitreSauvegarder = "Sauvegarder le catalogue en cours";
+
+// `confirmer`: the dialog itself asks before a file is overwritten.
+std::string DemanderFichier(QWidget* parent, const char* titre, bool ecrire, bool confirmer)
 {
     QFileDialog dialogue(parent, titre, QFileInfo(QString::fromStdString(BaseCourante())).absolutePath(),
                          "Bases de Velourne (*.vlr)");
     dialogue.setAcceptMode(ecrire ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialogue.setFileMode(ecrire ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    dialogue.setOption(QFileDialog::DontConfirmOverwrite);
+    dialogue.setOption(QFileDialog::DontConfirmOverwrite, !confirmer);
     dialogue.setDefaultSuffix("vlr");
     if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty())
         return {};
@@ -60,7 +63,9 @@ frmView::frmView(Dialogues& dialogues, QWidget* parent)
       modeleArbre_(new ModeleArbre(navigateur_.arbre, images_, this)),
       modeleListe_(new ModeleListe(navigateur_.liste, images_, this))
 {
-    choisirFichier = [this](const char* titre, bool ecrire) { return DemanderFichier(this, titre, ecrire); };
+    choisirFichier = [this](const char* titre, bool ecrire) {
+        return DemanderFichier(this, titre, ecrire, ecrire && titre == TitreSauvegarder);
+    };
     RelireBaseCourante();
     MontrerBase();
     CreerActions();

@@ -278,7 +278,7 @@ void Extraction::TraiterFichier(Etat& etat, const Repertoire& repertoire, const 
 void Extraction::Publier(const Etat& etat)
 {
     demande_.store(false, std::memory_order_relaxed);
-    const bool nomsMontres = GetSettingNombre(SectionSettings, "OptionsDivers 2", 0) == 1;
+    const bool nomsMontres = GetSettingNombre(SectionSettings, CleOptionsDivers[2], 0) == 1;
     const std::lock_guard garde(verrou_);
     publie_.compteurs = etat.compteurs;
     publie_.ligne = nomsMontres && !etat.cheminFichier.empty()

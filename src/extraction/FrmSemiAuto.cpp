@@ -55,11 +55,6 @@ constexpr TexteCompression Compressions[] = {
     {"Lecture des &fichiers .RAR", " Inclure l'extraction des informations contenues dans les fichiers .RAR "},
 };
 
-std::string CleCompression(int indice)
-{
-    return "Compression" + Str(indice);
-}
-
 // Discs that can be taken out have the first row of tabs, those that stay the second.
 bool EstAmovible(uint32_t type)
 {
@@ -104,10 +99,10 @@ FrmSemiAuto::FrmSemiAuto(Dialogues& dialogues, QWidget* parent) : QWidget(parent
 
     LibelleOK(false);
     ok_->setEnabled(false);
-    MontrerDetails(GetSetting(SectionSettings, "Methode", CacherDetails) != MontrerLesDetails);
+    MontrerDetails(GetSetting(SectionSettings, CleMethode, CacherDetails) != MontrerLesDetails);
     RemplirOnglets();
     Actualiser();
-    PlacerFenetre(*this, "TopExtract", "LeftExtract");
+    PlacerFenetre(*this, CleTopExtract, CleLeftExtract);
     identifiant_->setFocus();
     Dire("");
 }
@@ -263,7 +258,7 @@ QWidget* FrmSemiAuto::CreerDetails()
         auto* choix = new QCheckBox(Compressions[indice].libelle);
         choix->setObjectName(QString("Compression%1").arg(indice));
         choix->setToolTip(Compressions[indice].bulle);
-        const std::string etat = GetSetting(SectionSettings, CleCompression(indice), "0");
+        const std::string etat = GetSetting(SectionSettings, CleCompression[static_cast<size_t>(indice)], "0");
         choix->setProperty("tag", QString::fromStdString(etat));
         choix->setChecked(etat == "1");
         connect(choix, &QCheckBox::clicked, this, [this, indice] { PresserCompression(indice); });
@@ -277,10 +272,10 @@ QWidget* FrmSemiAuto::CreerDetails()
     listeExtensions_->setAccessibleName("Filtre des fichiers");
     for (const FiltreFichiers& filtre : FiltresFichiers())
         listeExtensions_->addItem(filtre.nom);
-    const int rang = static_cast<int>(GetSettingNombre(SectionSettings, "Extension", 0));
+    const int rang = static_cast<int>(GetSettingNombre(SectionSettings, CleExtension, 0));
     listeExtensions_->setCurrentIndex(rang >= 0 && rang < listeExtensions_->count() ? rang : 0);
     connect(listeExtensions_, &QComboBox::activated, this, [this](int choisi) {
-        SaveSetting(SectionSettings, "Extension", std::to_string(choisi));
+        SaveSetting(SectionSettings, CleExtension, std::to_string(choisi));
         RemplirListe();
     });
     liste_ = new QListWidget;
@@ -310,7 +305,7 @@ QWidget* FrmSemiAuto::CreerBarre()
     bouton->setObjectName("Bouton");
     bouton->setToolTip(" Cliquer ICI pour visualiser les médias mémorisés ");
     connect(bouton, &QPushButton::clicked, this, [this] {
-        EnregistrerPlace(*this, "TopExtract", "LeftExtract");
+        EnregistrerPlace(*this, CleTopExtract, CleLeftExtract);
         if (voirCatalogue)
             voirCatalogue();
     });
@@ -337,7 +332,7 @@ void FrmSemiAuto::RemplirOnglets()
 // Presses the remembered tab; the first one there is when it has gone.
 void FrmSemiAuto::Actualiser()
 {
-    std::string choix = GetSetting(SectionSettings, "Drive", "0");
+    std::string choix = GetSetting(SectionSettings, CleDrive, "0");
     if (choix == AucunOnglet)
         choix = "0";
     const size_t a = choix.find('A');
@@ -358,7 +353,7 @@ void FrmSemiAuto::PresserOnglet(RangeeOnglets* rangee, int numero)
     ok_->setEnabled(true);
     (rangee == menu_ ? menuA_ : menu_)->Choisir(RangeeOnglets::Aucun);
     rangee->Choisir(numero);
-    SaveSetting(SectionSettings, "Drive", (rangee == menuA_ ? "A" : "") + std::to_string(numero));
+    SaveSetting(SectionSettings, CleDrive, (rangee == menuA_ ? "A" : "") + std::to_string(numero));
 
     lettre_ = rangee->Lettre(numero);
     lecteur_.GetInfo(Majuscules(std::string(1, lettre_)));
@@ -425,7 +420,7 @@ void FrmSemiAuto::BasculerEtapes()
 {
     const bool montrer = !DetailsMontres();
     MontrerDetails(montrer);
-    SaveSetting(SectionSettings, "Methode", montrer ? CacherDetails : MontrerLesDetails);
+    SaveSetting(SectionSettings, CleMethode, montrer ? CacherDetails : MontrerLesDetails);
     if (montrer) {
         if (lettre_ == 0)
             Actualiser();
@@ -442,7 +437,7 @@ void FrmSemiAuto::BasculerEtapes()
     }
     lettre_ = 0;
     ok_->setEnabled(false);
-    SaveSetting(SectionSettings, "Drive", AucunOnglet);
+    SaveSetting(SectionSettings, CleDrive, AucunOnglet);
     AfficherLecteur(LecteurInexistant);
 }
 
@@ -475,7 +470,7 @@ void FrmSemiAuto::PresserCompression(int indice)
     const bool allume = etat != 1 && etat != 3;
     choix->setChecked(allume);
     choix->setProperty("tag", allume ? "1" : "0");
-    SaveSetting(SectionSettings, CleCompression(indice), allume ? "1" : "0");
+    SaveSetting(SectionSettings, CleCompression[static_cast<size_t>(indice)], allume ? "1" : "0");
 }
 
 void FrmSemiAuto::PresserOK()
@@ -660,7 +655,7 @@ void FrmSemiAuto::closeEvent(QCloseEvent* evenement)
         }
         return;
     }
-    EnregistrerPlace(*this, "TopExtract", "LeftExtract");
+    EnregistrerPlace(*this, CleTopExtract, CleLeftExtract);
     if (fermee)
         fermee();
 }

@@ -11,6 +11,7 @@
 #include "fenetres/Place.h"
 #include "shell/FrmExit.h"
 #include "shell/ProcedureSortie.h"
+#include "store/ClesReglages.h"
 #include "store/CycleBase.h"
 
 namespace {
@@ -72,7 +73,7 @@ FrmMain::FrmMain(Dialogues& dialogues, std::function<Vue(FrmMain&)> creerVue)
     connect(boutons_[1], &QToolButton::clicked, this, &FrmMain::OuvrirVue);
     Commenter();
     adjustSize();
-    PlacerFenetre(*this, "TopMain", "LeftMain");
+    PlacerFenetre(*this, CleTopMain, CleLeftMain);
 }
 
 FrmMain::~FrmMain() = default;
@@ -211,7 +212,7 @@ bool FrmMain::Quitter(QWidget* devant)
 
 void FrmMain::closeEvent(QCloseEvent* evenement)
 {
-    EnregistrerPlace(*this, "TopMain", "LeftMain");
+    EnregistrerPlace(*this, CleTopMain, CleLeftMain);
     if (quitte_ || courante_ == "FrmView" || courante_ == "FrmSemiAuto")
         return;
     if (!Quitter(this))

@@ -20,6 +20,9 @@ struct DefinitionChamp {
     int taille = 0;
 };
 
+// A base file over the engine. Statements are in the system's dialect (see TraduireSql), texts UTF-8, paths real ones.
+// For one thread at a time: the one that uses the store.
+
 // One opening of a base. Opens of one path inside the process share a connection; the last Close lets the file go.
 // On a base that did not open every operation does nothing and gives an empty result.
 class Base {

@@ -15,7 +15,8 @@
 #include "platform/FichiersReserves.h"
 #include "platform/OperationsFichiers.h"
 
-// Inside of the store only: the connection that all openings of one base share.
+// Inside of the store only: the connection that all openings of one base share. For the thread that uses the store;
+// texts are UTF-8, paths real ones.
 
 struct FinirEnonce {
     void operator()(sqlite3_stmt* enonce) const { sqlite3_finalize(enonce); }

@@ -1,8 +1,6 @@
 #include "store/CycleBase.h"
 
 #include <atomic>
-#include <map>
-#include <set>
 
 #include <fmt/format.h>
 
@@ -18,67 +16,6 @@
 namespace {
 
 std::atomic<bool> abandon{false};
-std::atomic<bool> arbreARecharger{false};
-std::atomic<bool> iconesARecharger{false};
-
-// The extension list, with what makes "does it stand anywhere in the list" cheap for a million questions.
-class Extensions {
-public:
-    const std::string& Texte() const { return texte_; }
-
-    void Charger(std::string_view texte)
-    {
-        texte_ = texte;
-        connues_.clear();
-        parLongueur_.clear();
-        for (std::string_view reste = texte; !reste.empty();) {
-            const std::string_view extension = reste.substr(0, reste.find('|'));
-            Retenir(extension);
-            reste.remove_prefix(std::min(extension.size() + 1, reste.size()));
-        }
-    }
-
-    bool Contient(std::string_view extension)
-    {
-        if (extension.empty() || connues_.contains(extension))
-            return true;
-        if (!Cherchee(extension))
-            return false;
-        connues_.emplace(extension);
-        return true;
-    }
-
-    void Ajouter(std::string_view extension)
-    {
-        texte_.append("|").append(extension);
-        Retenir(extension);
-    }
-
-private:
-    void Retenir(std::string_view extension)
-    {
-        if (connues_.emplace(extension).second)
-            parLongueur_[extension.size()].append("|").append(extension);
-    }
-
-    // A part of a longer one, or across the separators.
-    bool Cherchee(std::string_view extension) const
-    {
-        if (extension.find('|') != std::string_view::npos)
-            return texte_.find(extension) != std::string::npos;
-        for (auto place = parLongueur_.upper_bound(extension.size()); place != parLongueur_.end(); ++place) {
-            if (place->second.find(extension) != std::string::npos)
-                return true;
-        }
-        return false;
-    }
-
-    std::string texte_;
-    std::set<std::string, std::less<>> connues_;
-    std::map<size_t, std::string> parLongueur_;
-};
-
-Extensions extensions;
 
 // As the settings have it.
 std::string BaseReglee()
@@ -107,7 +44,7 @@ bool MettreDeCote(const std::string& chemin)
         if (!RenommerSansEcraser(chemin, cible))
             continue;
         RenommerSansEcraser(chemin + "-journal", cible + "-journal");  // of a base that could not be opened
-        LaisserAvis("L'ancienne base par défaut contient des médias, elle a été conservée : " + cible);
+        LaisserAvis("L'ancienne base par défaut a été conservée : " + cible);
         return true;
     }
     return false;
@@ -154,7 +91,7 @@ void InitialiserBase()
     AjouterPieces(base);
 
     Recordset liste = base.OpenRecordset("select * from LE");
-    extensions.Charger(liste.RecordCount() > 0 ? liste.Texte("Data") : std::string_view());
+    ChargerListeExtensions(liste.RecordCount() > 0 ? liste.Texte("Data") : std::string_view());
 }
 
 void NettoyerRestes()
@@ -176,6 +113,7 @@ bool GarantirBase(bool memoriser)
         FixerBaseCourante(CheminBaseParDefaut());
         SaveSetting(SectionSettings, CleBaseCourante, CheminBaseParDefaut());
     } else {
+        // Kept, particularité Xrien1.
         FixerRemplacante(CheminBaseParDefaut(), BaseReglee());
     }
     return true;
@@ -240,19 +178,6 @@ bool ModifierCatalogue(int64_t numero, bool drapeau, std::string_view arbre, con
     return true;
 }
 
-const std::string& ListeExtensions()
-{
-    return extensions.Texte();
-}
-
-bool AjouterExtension(std::string_view extension)
-{
-    if (extensions.Contient(extension))
-        return false;
-    extensions.Ajouter(extension);
-    return true;
-}
-
 bool EnregistrerExtensions(const std::string& chemin)
 {
     Base base = OpenDatabase(chemin);
@@ -261,7 +186,8 @@ bool EnregistrerExtensions(const std::string& chemin)
         liste.AddNew();
     else
         liste.Edit();
-    liste.Poser("Data", ListeExtensions().empty() ? std::string_view(" ") : std::string_view(ListeExtensions()));
+    const std::string extensions = ListeExtensions();
+    liste.Poser("Data", extensions.empty() ? std::string_view(" ") : std::string_view(extensions));
     if (!liste.Update())
         return false;
     liste.Bookmark(liste.LastModified());
@@ -276,24 +202,4 @@ bool ExtractionAbandonnee()
 void FixerAbandon(bool abandonner)
 {
     abandon = abandonner;
-}
-
-bool ArbreARecharger()
-{
-    return arbreARecharger;
-}
-
-void FixerArbreARecharger(bool recharger)
-{
-    arbreARecharger = recharger;
-}
-
-bool IconesARecharger()
-{
-    return iconesARecharger;
-}
-
-void FixerIconesARecharger(bool recharger)
-{
-    iconesARecharger = recharger;
 }

@@ -5,9 +5,11 @@
 #include <string_view>
 
 #include "store/BaseCourante.h"
+#include "store/DrapeauxRecharge.h"
+#include "store/ListeExtensions.h"
 
 // The current base and what is done to whole bases. All of it runs with errors ignored, step by step: what fails shows
-// as a missing result.
+// as a missing result. Paths are real ones. For the thread that uses the store, but for the abort flag.
 
 std::string CheminModele();           // "Data.z" in the program directory
 std::string CheminBaseParDefaut();    // "defaut.vlr" there
@@ -43,18 +45,9 @@ void SupprimerMedia(std::string_view numero, const std::string& base = BaseCoura
 // Makes a media visible or not and stores its directory tree; false when nothing could be written.
 bool ModifierCatalogue(int64_t numero, bool drapeau, std::string_view arbre, const std::string& base = BaseCourante());
 
-// The extension list of the current base: each extension behind a "|".
-const std::string& ListeExtensions();
-// Appends the extension unless the list holds it anywhere, even as a part of another. True when the list grew.
-bool AjouterExtension(std::string_view extension);
+// Writes the extension list into the base; false when it could not be written.
 bool EnregistrerExtensions(const std::string& base = BaseCourante());
 
 // Set to stop the walk of an extraction.
 bool ExtractionAbandonnee();
 void FixerAbandon(bool abandon);
-
-// Set when the browser must load its tree anew at the next occasion.
-bool ArbreARecharger();
-void FixerArbreARecharger(bool recharger);
-bool IconesARecharger();
-void FixerIconesARecharger(bool recharger);

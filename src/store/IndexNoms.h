@@ -7,7 +7,8 @@
 #include <vector>
 
 // The names of a base's rows in one small file of the cache folder, so that looking for a word reads some megabytes in
-// place of the whole table. It belongs to one state of the base file and is made anew when that has changed.
+// place of the whole table. It belongs to one state of the base file and is made anew when that has changed. Names,
+// aliases and patterns are UTF-8, paths real ones. For the thread that uses the store.
 
 // Deletes the indexes of bases that are no longer there.
 void NettoyerIndexNoms();

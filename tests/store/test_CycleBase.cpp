@@ -1,3 +1,5 @@
+#include <random>
+
 #include "outils/Brut.h"
 #include "outils/Enfant.h"
 #include "outils/Environnement.h"
@@ -134,6 +136,35 @@ TEST_F(Cycle, ExtensionListKeepsItsOddities)
     InitialiserBase();
     EXPECT_EQ(ListeExtensions(), "|jpg|JPG|a|b");
     EXPECT_FALSE(AjouterExtension("pg|J"));
+}
+
+TEST_F(Cycle, TheExtensionListAnswersAsAPlainSearchWould)
+{
+    std::mt19937 hasard(7);
+    std::string attendu;
+    const auto ajouter = [&](const std::string& extension) {
+        const bool neuve = attendu.find(extension) == attendu.npos;
+        ASSERT_EQ(AjouterExtension(extension), neuve) << extension << " in " << attendu.size();
+        attendu += neuve ? '|' + extension : "";
+    };
+    ChargerListeExtensions("");
+    for (int i = 0; i < 4000; ++i) {
+        std::string extension(hasard() % 12, ' ');
+        for (char& c : extension)
+            c = "ab|\xC3"[hasard() % 4];
+        ajouter(extension);
+        if (i == 2000)
+            ChargerListeExtensions(attendu);
+    }
+    // A list longer than anyone's: its end is known too, and what lies across the place where the index ends.
+    for (int i = 0; attendu.size() < (size_t{2} << 20) + 5000; ++i)
+        attendu += '|' + std::to_string(i * 7919LL);
+    ChargerListeExtensions(attendu);
+    for (const size_t place : {size_t{1000}, (size_t{2} << 20) - 5, attendu.size() - 10})
+        ajouter(attendu.substr(place, 10));
+    ajouter("zz");
+    ajouter("z");
+    EXPECT_EQ(ListeExtensions(), attendu);
 }
 
 TEST_F(Cycle, CompactionGivesBackAndKeepsTheRows)
