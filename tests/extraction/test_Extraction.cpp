@@ -170,7 +170,7 @@ TEST_F(ExtractionTest, LaBaseResteFermeeAuxAutresPendantQuElleEstLue)
 {
     struct Partage {
         std::atomic<bool> ouverte, fin;
-        std::atomic<int> essais, ouvertures;
+        std::atomic<int> tours, ouvertures;
     };
     void* memoire = mmap(nullptr, sizeof(Partage), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
     ASSERT_NE(memoire, MAP_FAILED);
@@ -183,7 +183,7 @@ TEST_F(ExtractionTest, LaBaseResteFermeeAuxAutresPendantQuElleEstLue)
     Remplir(200);
     const pid_t autre = fork();
     if (autre == 0) {
-        for (; !partage->fin; partage->essais += partage->ouverte)
+        for (; !partage->fin; ++partage->tours)
             partage->ouvertures += partage->ouverte && OpenDatabase(base).Ouverte();
         _exit(0);
     }
@@ -193,9 +193,13 @@ TEST_F(ExtractionTest, LaBaseResteFermeeAuxAutresPendantQuElleEstLue)
         ASSERT_TRUE(retenue.Ouverte());
         partage->ouverte = true;
         EXPECT_EQ(Lire(media.numero), FinExtraction::Complete);
-        for (const int avant = partage->essais; partage->essais < avant + 3;)
-            std::this_thread::yield();
+        const auto attendre = [&] {
+            for (const int avant = partage->tours; partage->tours < avant + 3;)
+                std::this_thread::yield();
+        };
+        attendre();
         partage->ouverte = false;
+        attendre();  // a try that had begun is over
     }
     partage->fin = true;
     waitpid(autre, nullptr, 0);
