@@ -161,7 +161,7 @@ void Extraire(const Arguments& arguments)
         throw std::runtime_error("le média n'a pas pu être inscrit dans la base");
     const double identite = total.Secondes();
 
-    Extraction extraction(reponse.numero, lettre, demande.infos.octetsOccupes, lecteur.DriveSpaceTotal() == 0);
+    Extraction extraction(reponse.base, reponse.numero, lettre, demande.infos.octetsOccupes, lecteur.DriveSpaceTotal() == 0);
     if (extraction.Executer() != FinExtraction::Complete)
         throw std::runtime_error("la base n'a pas pu être écrite");
     const double secondes = total.Secondes();

@@ -2,6 +2,7 @@
 
 #include "platform/OperationsFichiers.h"
 #include "store/CycleBase.h"
+#include "store/PoserBase.h"
 #include "store/Reglages.h"
 
 namespace {
@@ -57,7 +58,7 @@ void DupliquerCatalogue(Dialogues& dialogues)
     if (chemin == BaseCourante())
         dialogues.Informer("Veuillez saisir un autre nom différent que celui du catalogue courant !");
     else
-        CopierFichier(BaseCourante(), chemin);
+        CopierBase(BaseCourante(), chemin);
 }
 
 bool SupprimerCatalogue(Dialogues& dialogues)
@@ -65,8 +66,8 @@ bool SupprimerCatalogue(Dialogues& dialogues)
     if (!dialogues.Demander("Êtes-vous sur de vouloir supprimer la base actuelle : " + BaseCourante() + " ?",
                             "Suppression du catalogue en cours !"))
         return false;
-    SupprimerFichier(BaseCourante());
-    CopierModele(CheminBaseParDefaut());
+    SupprimerBase(BaseCourante());
+    PoserBaseParDefaut();
     Basculer(CheminBaseParDefaut());
     return true;
 }

@@ -27,6 +27,7 @@
 #include "fenetres/TextesQt.h"
 #include "fenetres/TravailFenetre.h"
 #include "platform/Bureau.h"
+#include "store/ClesReglages.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
@@ -34,7 +35,7 @@ namespace {
 
 std::string CleColonne(int colonne)
 {
-    return "L" + std::to_string(colonne + 1);
+    return std::string(DebutCleLargeur) + std::to_string(colonne + 1);
 }
 
 }  // namespace
@@ -133,26 +134,26 @@ void frmView::Relier()
             });
     connect(panneaux_.rapport->header(), &QHeaderView::sectionClicked, this, &frmView::TrierColonne);
     for (const auto& [separateur, cle] :
-         {std::pair{panneaux_.vertical, "picSplitter_Left"}, std::pair{panneaux_.horizontal, "picSplitter_Top"}})
+         {std::pair{panneaux_.vertical, ClePicSplitterLeft}, std::pair{panneaux_.horizontal, ClePicSplitterTop}})
         connect(separateur, &QSplitter::splitterMoved, this,
                 [cle = cle](int place, int) { EcrirePixels(SectionSettings, cle, place); });
 }
 
 void frmView::LireReglages()
 {
-    const int gauche = LirePixels(SectionSettings, "picSplitter_Left", 333);
+    const int gauche = LirePixels(SectionSettings, ClePicSplitterLeft, 333);
     panneaux_.vertical->setSizes({gauche, std::max(width() - gauche, 100)});
-    const int haut = LirePixels(SectionSettings, "picSplitter_Top", height() * 2 / 3);
+    const int haut = LirePixels(SectionSettings, ClePicSplitterTop, height() * 2 / 3);
     panneaux_.horizontal->setSizes({haut, std::max(height() - haut, 60)});
 
     QHeaderView* entete = panneaux_.rapport->header();
     for (int i = 0; i < NombreColonnes; ++i)
         entete->resizeSection(i, LirePixels(SectionLvListView, CleColonne(i), entete->sectionSize(i)));
-    tri_.colonne = GetSettingEntier(SectionLvListView, "SortKey", ColTaille, NombreColonnes - 1);
-    tri_.decroissant = GetSettingEntier(SectionLvListView, "SortOrder", 0, 1) == 1;
+    tri_.colonne = GetSettingEntier(SectionLvListView, CleSortKey, ColTaille, NombreColonnes - 1);
+    tri_.decroissant = GetSettingEntier(SectionLvListView, CleSortOrder, 0, 1) == 1;
     entete->setSortIndicator(tri_.colonne, tri_.decroissant ? Qt::DescendingOrder : Qt::AscendingOrder);
 
-    const int mode = GetSettingEntier(SectionSettings, "View", Rapport, Rapport);
+    const int mode = GetSettingEntier(SectionSettings, CleView, Rapport, Rapport);
     actions_.Affichages()->actions().at(mode)->setChecked(true);
     panneaux_.Afficher(mode);
     RelireOptions();
@@ -161,7 +162,7 @@ void frmView::LireReglages()
 // The grid shows not before its switch was touched, although the preferences show it as on: kept, particularité 2.
 void frmView::RelireOptions()
 {
-    panneaux_.grille->Montrer(GetSettingNombre(SectionSettings, "OptionsDivers 0", 0) != 0);
+    panneaux_.grille->Montrer(GetSettingNombre(SectionSettings, CleOptionsDivers[0], 0) != 0);
     panneaux_.rapport->viewport()->update();
 }
 
@@ -171,7 +172,7 @@ void frmView::Memoriser()
     for (int i = 0; i < NombreColonnes; ++i)
         EcrirePixels(SectionLvListView, CleColonne(i), panneaux_.rapport->header()->sectionSize(i));
     const auto mode = actions_.Affichages()->actions().indexOf(actions_.Affichages()->checkedAction());
-    SaveSetting(SectionSettings, "ViewMode", std::to_string(mode));
+    SaveSetting(SectionSettings, CleViewMode, std::to_string(mode));
 }
 
 void frmView::MontrerBase()
@@ -202,6 +203,8 @@ bool frmView::ChargerArbre()
             modeleListe_->Annoncer();
             SelectionnerNoeud();
             panneaux_.arbre->expand(modeleArbre_->Index(0));
+            if (const std::string avis = ReprendreAvis(); !avis.empty())
+                navigateur_.statut = avis;
             MontrerBase();
             MontrerNavigateur();
             Occuper(false);
@@ -415,15 +418,15 @@ void frmView::ChangerDeBase(const std::function<bool()>& changer)
 
 void frmView::ChoisirAffichage(int mode)
 {
-    SaveSetting(SectionSettings, "View", std::to_string(mode));
+    SaveSetting(SectionSettings, CleView, std::to_string(mode));
     panneaux_.Afficher(mode);
 }
 
 // The order kept for the next start is the one before the click turns it round: kept, particularité 3.
 void frmView::TrierColonne(int colonne)
 {
-    SaveSetting(SectionLvListView, "SortKey", std::to_string(colonne));
-    SaveSetting(SectionLvListView, "SortOrder", tri_.decroissant ? "1" : "0");
+    SaveSetting(SectionLvListView, CleSortKey, std::to_string(colonne));
+    SaveSetting(SectionLvListView, CleSortOrder, tri_.decroissant ? "1" : "0");
     tri_ = {colonne, !tri_.decroissant};
     panneaux_.rapport->header()->setSortIndicator(colonne, tri_.decroissant ? Qt::DescendingOrder : Qt::AscendingOrder);
     const auto ordre = std::make_shared<ListeFichiers::Ordre>();

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cmath>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "catalogue/Cles.h"
@@ -14,6 +15,7 @@
 #include "store/CycleBase.h"
 #include "store/IndexNoms.h"
 #include "store/Reglages.h"
+#include "store/Transaction.h"
 
 // A directory of the walk, from its scan until all its subdirectories have been walked.
 struct Extraction::Repertoire {
@@ -66,12 +68,12 @@ bool EstExclu(std::string_view chemin)
 }
 
 // The names are made ready for searching now when the run brought a good part of them; else the first search does it.
-void PreparerRecherche(int64_t lignesDuMedia)
+void PreparerRecherche(const std::string& base, int64_t lignesDuMedia)
 {
     constexpr int64_t bonnePart = 4;
-    const int64_t lignes = OpenDatabase(BaseCourante()).OpenRecordset("select count(*) as n from Liste").Entier("n");
+    const int64_t lignes = OpenDatabase(base).OpenRecordset("select count(*) as n from Liste").Entier("n");
     if (lignesDuMedia >= lignes / bonnePart)
-        PreparerIndexNoms(BaseCourante());
+        PreparerIndexNoms(base);
 }
 
 // Directories that get neither a row nor a node.
@@ -82,8 +84,8 @@ bool EstSansLigne(std::string_view nom)
 
 }  // namespace
 
-Extraction::Extraction(int64_t media, char lettre, double octetsTotal, bool lecteurVide)
-    : media_(media), lettre_(lettre), octetsTotal_(octetsTotal), lecteurVide_(lecteurVide)
+Extraction::Extraction(std::string base, int64_t media, char lettre, double octetsTotal, bool lecteurVide)
+    : base_(std::move(base)), media_(media), lettre_(lettre), octetsTotal_(octetsTotal), lecteurVide_(lecteurVide)
 {
     FixerAbandon(false);
 }
@@ -104,7 +106,7 @@ FinExtraction Extraction::Executer()
 {
     const FinExtraction fin = EcrireMedia();
     if (fin != FinExtraction::Complete) {
-        SupprimerMedia(std::to_string(media_));
+        SupprimerMedia(std::to_string(media_), base_);
         return fin;
     }
     {
@@ -116,15 +118,16 @@ FinExtraction Extraction::Executer()
     const auto debut = Horloge::now();
     CompacterBase();
     durees_.compaction = Secondes(debut);
-    PreparerRecherche(publie_.compteurs.repertoires + publie_.compteurs.fichiers);
+    PreparerRecherche(base_, publie_.compteurs.repertoires + publie_.compteurs.fichiers);
     FixerArbreARecharger(true);
     return fin;
 }
 
 FinExtraction Extraction::EcrireMedia()
 {
-    Base base = OpenDatabase(BaseCourante());
-    if (!base.CommencerTransaction())
+    Base base = OpenDatabase(base_);
+    Transaction transaction(base);
+    if (!transaction.Ouverte())
         return FinExtraction::Echec;
 
     const auto debut = Horloge::now();
@@ -139,16 +142,15 @@ FinExtraction Extraction::EcrireMedia()
     durees_.parcours = Secondes(debut);
 
     if (ExtractionAbandonnee() || etat.echec) {
-        base.Annuler();
+        transaction.Annuler();
+        EnregistrerExtensions(base_);
         return etat.echec ? FinExtraction::Echec : FinExtraction::Abandonnee;
     }
 
     const auto finParcours = Horloge::now();
-    EnregistrerExtensions();
-    const bool ecrit = ModifierCatalogue(media_, true, etat.arbre) && base.Valider();
+    EnregistrerExtensions(base_);
+    const bool ecrit = ModifierCatalogue(media_, true, etat.arbre, base_) && transaction.Valider();
     durees_.validation = Secondes(finParcours);
-    if (!ecrit)
-        base.Annuler();
     return ecrit ? FinExtraction::Complete : FinExtraction::Echec;
 }
 
@@ -220,8 +222,9 @@ void Extraction::TraiterRepertoire(Etat& etat, Repertoire& parent, const EntreeD
 
     const std::string date = DateFichier(entree.creation);
     const std::string heure = HeureFichier(entree.creation);
+    const std::string nom = entree.nom + '\\';  // the last one goes when the row is written
     LigneFichier ligne;
-    ligne.nom = entree.nom;
+    ligne.nom = nom;
     ligne.code = code;
     ligne.taille = ligne.type = " ";
     ligne.date = date;
@@ -275,7 +278,7 @@ void Extraction::TraiterFichier(Etat& etat, const Repertoire& repertoire, const 
 void Extraction::Publier(const Etat& etat)
 {
     demande_.store(false, std::memory_order_relaxed);
-    const bool nomsMontres = GetSettingNombre(SectionSettings, "OptionsDivers 2", 0) == 1;
+    const bool nomsMontres = GetSettingNombre(SectionSettings, CleOptionsDivers[2], 0) == 1;
     const std::lock_guard garde(verrou_);
     publie_.compteurs = etat.compteurs;
     publie_.ligne = nomsMontres && !etat.cheminFichier.empty()

@@ -18,13 +18,16 @@ struct Avancement {
 
 enum class FinExtraction { Complete, Abandonnee, Echec };
 
-// One run: reads a drive into the current base under the number that VerifierCatalogue gave. Executer may run on a
+// One run: reads a drive into a base under the number that VerifierCatalogue gave. Executer may run on a
 // worker thread; all else is for the window's thread.
 class Extraction {
 public:
-    // `octetsTotal`: bytes in use on the drive, for the percentage. `lecteurVide`: a drive of capacity 0, of which the
-    // root alone is written.
-    Extraction(int64_t media, char lettre, double octetsTotal, bool lecteurVide);
+    // `base`: its path. `octetsTotal`: bytes in use on the drive, for the percentage. `lecteurVide`: a drive of
+    // capacity 0, of which the root alone is written.
+    Extraction(std::string base, int64_t media, char lettre, double octetsTotal, bool lecteurVide);
+
+    const std::string& CheminBase() const { return base_; }
+    int64_t Media() const { return media_; }
 
     // Writes the rows, the directory tree and the visible flag, all or nothing, then compacts the base. After an
     // abandoned run or one that can't be written (full disk) nothing of the media is left.
@@ -53,6 +56,7 @@ private:
     void TraiterFichier(Etat& etat, const Repertoire& repertoire, const EntreeDossier& entree);
     void Publier(const Etat& etat);
 
+    const std::string base_;
     const int64_t media_;
     const char lettre_;
     const double octetsTotal_;

@@ -1,7 +1,7 @@
 #include "extraction/FrmGetDrive.h"
 
 #include <algorithm>
-#include <cctype>
+#include <memory>
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -12,13 +12,17 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "commun/Formes.h"
 #include "extraction/VerifierCatalogue.h"
 #include "extraction/bsDrive.h"
 #include "fenetres/ImagesLecteur.h"
-#include "platform/Lecteurs.h"
+#include "fenetres/TravailFenetre.h"
 
 FrmGetDrive::FrmGetDrive(const MediaDemande& media, QWidget* parent)
-    : QDialog(parent), identifiant_(media.identifiant), liste_(new QTreeWidget)
+    : QDialog(parent),
+      identifiant_(media.identifiant),
+      lecteurs_(ReveilFenetre(this, [this] { lecteurs_.Livrer(); })),
+      liste_(new QTreeWidget)
 {
     setWindowTitle("Insérer le média");
     auto* image = new QLabel;
@@ -45,7 +49,6 @@ FrmGetDrive::FrmGetDrive(const MediaDemande& media, QWidget* parent)
     liste_->setAccessibleName("Liste des supports");
     liste_->setToolTip("Cliquer ICI pour choisir un autre lecteur");
     liste_->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
-    RemplirListe();
     mise->addWidget(liste_, 1);
 
     auto* valider = new QPushButton("     &Valider");
@@ -61,17 +64,18 @@ FrmGetDrive::FrmGetDrive(const MediaDemande& media, QWidget* parent)
     connect(annuler, &QPushButton::clicked, this, &QDialog::reject);
     connect(liste_, &QTreeWidget::itemDoubleClicked, this, &FrmGetDrive::Valider);
     liste_->setFocus();
+    const auto vus = std::make_shared<std::vector<LecteurVu>>();
+    lecteurs_.Demander([vus](const std::stop_token&) { *vus = RegarderLecteurs(); }, [this, vus] { Remplir(*vus); });
     resize(std::max(sizeHint().width(), fontMetrics().averageCharWidth() * 60), sizeHint().height());
 }
 
-void FrmGetDrive::RemplirListe()
+void FrmGetDrive::Remplir(const std::vector<LecteurVu>& lecteurs)
 {
-    for (const char lettre : LettresMachine()) {
-        const uint32_t type = TypeDuLecteur(lettre);
+    for (const LecteurVu& lecteur : lecteurs) {
         auto* ligne = new QTreeWidgetItem(
-            liste_, {QString::fromStdString(LibelleLecteur(lettre)), QString(NomTypeLecteur(type))});
-        ligne->setIcon(0, IconeLecteur(type));
-        lettres_.push_back(lettre);
+            liste_, {QString::fromStdString(lecteur.libelle), QString(NomTypeLecteur(lecteur.type))});
+        ligne->setIcon(0, IconeLecteur(lecteur.type));
+        lettres_.push_back(lecteur.lettre);
     }
     if (!lettres_.empty())
         liste_->setCurrentItem(liste_->topLevelItem(0));
@@ -82,7 +86,7 @@ void FrmGetDrive::Valider()
     const int rang = liste_->indexOfTopLevelItem(liste_->currentItem());
     if (rang < 0)
         return;
-    lettre_ = static_cast<char>(std::toupper(lettres_[static_cast<size_t>(rang)]));
+    lettre_ = LettreCapitale(lettres_[static_cast<size_t>(rang)]);
     ModifierCatalogueDisque(identifiant_, std::string(1, lettre_));
     accept();
 }

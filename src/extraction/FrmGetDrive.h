@@ -5,7 +5,9 @@
 
 #include <QDialog>
 
+#include "commun/Consultation.h"
 #include "extraction/ChoixLecteur.h"
+#include "extraction/RegardLecteurs.h"
 
 class QTreeWidget;
 
@@ -18,10 +20,11 @@ public:
     char Lettre() const { return lettre_; }
 
 private:
-    void RemplirListe();
+    void Remplir(const std::vector<LecteurVu>& lecteurs);
     void Valider();
 
     std::string identifiant_;
+    Consultation lecteurs_;
     QTreeWidget* liste_;
     std::vector<char> lettres_;
     char lettre_ = 0;

@@ -5,26 +5,16 @@
 #include <QTimer>
 #include <QWidget>
 
+#include "commun/Consultation.h"
 #include "commun/Dialogues.h"
 #include "commun/Travail.h"
+#include "extraction/EtatAssistant.h"
 #include "extraction/Extraction.h"
-#include "extraction/bsDrive.h"
+#include "extraction/PanneauxAssistant.h"
+#include "extraction/VerifierCatalogue.h"
 
-class Animation;
-class Etiquette;
-class RangeeOnglets;
-class QCheckBox;
-class QComboBox;
-class QGroupBox;
-class QLabel;
-class QLineEdit;
-class QListWidget;
-class QProgressBar;
-class QPushButton;
-class QToolButton;
-
-// The extraction wizard: the user picks a drive, names the media and starts or abandons the run, which works on a
-// worker and is looked at 20 times a second.
+// The extraction wizard: the user picks a drive, names the media and starts or abandons the run, which is a piece of
+// `travail` and is looked at 20 times a second. Drives are asked beside the window.
 class FrmSemiAuto : public QWidget {
     Q_OBJECT
 
@@ -32,7 +22,9 @@ public:
     FrmSemiAuto(Dialogues& dialogues, Travail& travail, QWidget* parent = nullptr);
     ~FrmSemiAuto() override;
 
-    bool EnCours() const { return etat_ != Etat::Repos; }
+    bool EnCours() const { return phase_ != Phase::Repos; }
+    // A drive is being asked; nothing can be read before it has answered.
+    bool EnConsultation() const { return lecteurs_.EnCours(); }
     // Keeps the window's place.
     void Memoriser();
 
@@ -43,76 +35,45 @@ signals:
 
 protected:
     void closeEvent(QCloseEvent* evenement) override;
+    bool eventFilter(QObject* objet, QEvent* evenement) override;
 
 private:
     // Finissant: the user has abandoned, the worker is still winding up.
-    enum class Etat { Repos, Verification, Course, Finissant };
+    enum class Phase { Repos, Verification, Course, Finissant };
 
-    QWidget* CreerMedias();
-    QWidget* CreerInformations();
-    QWidget* CreerSaisies();
-    QWidget* CreerAvancement();
-    QWidget* CreerDetails();
-    QWidget* CreerBarre();
-
-    void RemplirOnglets();
-    void Actualiser();
-    void PresserOnglet(RangeeOnglets* rangee, int numero);
-    void AfficherLecteur(uint32_t type);
+    void Relier();
+    void ConsulterLecteurs(char voulue);
+    void PresserOnglet(const OngletLecteur& onglet);
+    void AfficherLecteur();
     void ChoisirDossier();
-
-    bool DetailsMontres() const;
-    void BasculerEtapes();
-    void MontrerDetails(bool montrer);
+    void MontrerDetails();
     void RemplirListe();
-    void PresserCompression(int indice);
 
     void PresserOK();
     void Lancer();
-    void DemarrerFil(int64_t media, bool lecteurVide);
+    void DemarrerCourse(const ReponseMedia& media);
     void Abandonner();
     void Suivre();
     void Terminer();
     void Conclure();
-    void Activer(bool actif);
     void LibelleOK(bool enCours);
+    void ActiverOK();
     void ExitRecherche();
+    void Dire(const QString& texte);
 
     Dialogues& dialogues_;
     Travail& travail_;
-    bsDrive lecteur_;
-    InfosLecteur infos_;
-    char lettre_ = 0;
+    Consultation lecteurs_;
+    EtatAssistant etat_;
+    LecteurRegarde regarde_;  // the chosen drive
+    PanneauxAssistant panneaux_;
 
-    Etat etat_ = Etat::Repos;
+    Phase phase_ = Phase::Repos;
+    QString avis_;  // what became of the bases, shown until the next press
     bool questionPosee_ = false;
     bool fermerEnsuite_ = false;
     std::unique_ptr<Extraction> extraction_;
     bool finie_ = false;
     FinExtraction fin_ = FinExtraction::Complete;  // the worker's until finie_ is set
     QTimer suivi_;
-
-    RangeeOnglets* menu_;
-    RangeeOnglets* menuA_;
-    QGroupBox* medias_;
-    QGroupBox* disques_;
-    QGroupBox* compressions_;
-    QWidget* details_;
-    QWidget* barre_;
-    QLabel* image_;
-    QLabel* valeurs_[6];
-    QLineEdit* identifiant_;
-    QLineEdit* nom_;
-    QPushButton* ok_;
-    QPushButton* etapes_;
-    QCheckBox* compression_[4];
-    QComboBox* listeExtensions_;
-    QListWidget* liste_;
-    Animation* animation_;
-    QLabel* repertoires_;
-    QLabel* fichiers_;
-    QLabel* descriptions_;
-    QProgressBar* progression_;
-    QLabel* pourcentage_;
-    Etiquette* ligne_;
 };

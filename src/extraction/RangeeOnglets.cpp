@@ -9,7 +9,19 @@
 #include <QScrollBar>
 #include <QToolButton>
 
-#include "extraction/bsDrive.h"
+namespace {
+
+// White on dark and black on light, whatever the colours of the desktop.
+constexpr const char* CouleursOnglets = R"(
+QToolButton { background: #36454f; color: #ffffff; border: 2px solid #36454f; border-radius: 4px; padding: 2px 8px; }
+QToolButton:hover { background: #4a5d6a; }
+QToolButton:checked { background: #f4f4f4; color: #000000; border-color: #8a9aa5; }
+QToolButton:focus { border-color: #3daee9; }
+QToolButton:disabled { color: #c0c8cc; }
+QToolButton:checked:disabled { background: #d4d8da; color: #000000; }
+)";
+
+}  // namespace
 
 RangeeOnglets::RangeeOnglets(const QString& nomVide, QWidget* parent)
     : QWidget(parent), nomVide_(nomVide), zone_(new QScrollArea), gauche_(new QToolButton), droit_(new QToolButton)
@@ -44,22 +56,24 @@ RangeeOnglets::RangeeOnglets(const QString& nomVide, QWidget* parent)
     Remplir({});
 }
 
-void RangeeOnglets::Remplir(const std::vector<char>& lettres)
+void RangeeOnglets::Remplir(const std::vector<LecteurVu>& lecteurs)
 {
-    lettres_ = lettres;
+    lettres_.clear();
     onglets_.clear();
     choisi_ = Aucun;
 
     auto* contenu = new QWidget;
+    contenu->setStyleSheet(CouleursOnglets);
     auto* mise = new QHBoxLayout(contenu);
     mise->setContentsMargins(0, 0, 0, 0);
     mise->setSpacing(2);
-    for (const char lettre : lettres_) {
+    for (const LecteurVu& lecteur : lecteurs) {
+        lettres_.push_back(lecteur.lettre);
         const int numero = static_cast<int>(onglets_.size());
         auto* onglet = new QToolButton;
         onglet->setCheckable(true);
         onglet->setFocusPolicy(Qt::StrongFocus);
-        onglet->setText(QString::fromStdString(LibelleLecteur(lettre)).replace("&", "&&"));
+        onglet->setText(QString::fromStdString(lecteur.libelle).replace("&", "&&"));
         onglet->installEventFilter(this);
         connect(onglet, &QToolButton::clicked, this, [this, numero](bool presse) {
             if (presse)
@@ -78,7 +92,7 @@ void RangeeOnglets::Remplir(const std::vector<char>& lettres)
     mise->addStretch(1);
     zone_->setWidget(contenu);
     // One line of tabs, bold ones included.
-    QToolButton etalon;
+    QToolButton etalon(contenu);
     etalon.setText("X");
     zone_->setFixedHeight(std::max(etalon.sizeHint().height() + 4, contenu->sizeHint().height()));
     AjusterBoutons();

@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include "extraction/EtatAssistant.h"
+
 class QHBoxLayout;
 class QScrollArea;
 class QToolButton;
@@ -13,11 +15,11 @@ class RangeeOnglets : public QWidget {
     Q_OBJECT
 
 public:
-    static constexpr int Aucun = 99;
+    static constexpr int Aucun = OngletLecteur::Aucun;
 
     explicit RangeeOnglets(const QString& nomVide, QWidget* parent = nullptr);
 
-    void Remplir(const std::vector<char>& lettres);
+    void Remplir(const std::vector<LecteurVu>& lecteurs);
     int Nombre() const { return static_cast<int>(lettres_.size()); }
     char Lettre(int numero) const { return lettres_[static_cast<size_t>(numero)]; }
     int Position(char lettre) const;  // Aucun when the row does not hold it

@@ -5,6 +5,7 @@
 #include "platform/OperationsFichiers.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
+#include "store/Transaction.h"
 
 namespace {
 
@@ -45,15 +46,13 @@ int64_t EcrireCatalogue(Recordset& enregistrements, const DemandeMedia& demande)
 int64_t Remplacer(Base& base, Recordset& ancien, const DemandeMedia& demande)
 {
     const std::string numero = Str(ancien.Numero());
-    if (!base.CommencerTransaction())
+    Transaction transaction(base);
+    if (!transaction.Ouverte())
         return 0;
     const bool efface = base.Execute("delete * from Liste where NCatalogue = " + numero) &&
                         base.Execute("delete * from Catalogue where Num = " + numero);
     const int64_t nouveau = efface ? EcrireCatalogue(ancien, demande) : 0;
-    if (nouveau != 0 && base.Valider())
-        return nouveau;
-    base.Annuler();
-    return 0;
+    return nouveau != 0 && transaction.Valider() ? nouveau : 0;
 }
 
 }  // namespace
@@ -75,7 +74,9 @@ ReponseMedia VerifierCatalogue(const DemandeMedia& demande, Dialogues& dialogues
     }
 
     GarantirBase(true);
-    Base base = OpenDatabase(BaseCourante());
+    reponse.base = BaseCourante();
+    Base base = OpenDatabase(reponse.base);
+    reponse.baseFermee = !base.Ouverte();
     std::string question = "Le média avec l'identifiant : \"" + identifiant + "\" existe, voulez vous le remplacer ?";
     Recordset trouve = base.OpenRecordset("select * from Catalogue where Identifiant = '" +
                                           DoublerApostrophes(identifiant) + "' order by Identifiant");

@@ -20,6 +20,8 @@ struct ReponseMedia {
     bool accepte = false;
     int64_t numero = 0;
     ChampFautif fautif = ChampFautif::Aucun;  // the box that is empty
+    std::string base;                         // path of the base that holds the new row
+    bool baseFermee = false;                  // it could not be opened
 };
 
 // The gate of every extraction: refuses a media without identifier or name, offers to replace one that is catalogued,

@@ -1,6 +1,8 @@
 #include "fenetres/FenetreLecteurs.h"
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -11,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "fenetres/ImagesLecteur.h"
+#include "fenetres/TravailFenetre.h"
 
 namespace {
 
@@ -22,7 +25,10 @@ QString Nom(char lettre)
 }  // namespace
 
 FenetreLecteurs::FenetreLecteurs(Dialogues& dialogues, QWidget* parent)
-    : QWidget(parent), dialogues_(dialogues), liste_(new QTreeWidget)
+    : QWidget(parent),
+      dialogues_(dialogues),
+      consultation_(ReveilFenetre(this, [this] { consultation_.Livrer(); })),
+      liste_(new QTreeWidget)
 {
     liste_->setObjectName("ListeLecteurs");
     liste_->setAccessibleName("Lecteurs");
@@ -62,7 +68,17 @@ void FenetreLecteurs::showEvent(QShowEvent* evenement)
 {
     QWidget::showEvent(evenement);
     const int rang = liste_->indexOfTopLevelItem(liste_->currentItem());
-    Remplir(rang < 0 ? '\0' : lettres_[static_cast<size_t>(rang)].lettre);
+    Consulter(rang < 0 ? '\0' : lettres_[static_cast<size_t>(rang)].lettre);
+}
+
+void FenetreLecteurs::Consulter(char choisie)
+{
+    const auto vues = std::make_shared<std::vector<LettreDonnee>>();
+    consultation_.Demander([vues](const std::stop_token&) { *vues = LettresDonnees(); },
+                           [this, vues, choisie] {
+                               lettres_ = std::move(*vues);
+                               Remplir(choisie);
+                           });
 }
 
 // With this letter as the current one, else the first.
@@ -70,11 +86,10 @@ void FenetreLecteurs::Remplir(char choisie)
 {
     liste_->clear();
     libres_->clear();
-    lettres_ = LettresDonnees();
     for (const LettreDonnee& donnee : lettres_) {
         const QString emplacement = QString::fromStdString(donnee.cible) + (donnee.presente ? "" : " (absent)");
         auto* ligne = new QTreeWidgetItem(liste_, {Nom(donnee.lettre), emplacement});
-        ligne->setIcon(0, IconeLecteur(TypeDuLecteur(donnee.lettre)));
+        ligne->setIcon(0, IconeLecteur(donnee.type));
         ligne->setToolTip(1, emplacement);
         if (donnee.lettre == choisie || donnee.lettre == lettres_.front().lettre)
             liste_->setCurrentItem(ligne);
@@ -105,7 +120,7 @@ void FenetreLecteurs::Donner()
     const char lettre = libres_->currentData().toChar().toLatin1();
     if (!DonnerLettre(lettre, dossier))
         dialogues_.Informer("La lettre n'a pas pu être donnée à ce dossier !");
-    Remplir(lettre);
+    Consulter(lettre);
     liste_->setFocus();
 }
 
@@ -115,6 +130,6 @@ void FenetreLecteurs::Retirer()
     if (rang < 0)
         return;
     RetirerLettre(lettres_[static_cast<size_t>(rang)].lettre);
-    Remplir(0);
+    Consulter(0);
     liste_->setFocus();
 }

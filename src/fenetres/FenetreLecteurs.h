@@ -5,6 +5,7 @@
 
 #include <QWidget>
 
+#include "commun/Consultation.h"
 #include "commun/Dialogues.h"
 #include "platform/Lecteurs.h"
 
@@ -22,12 +23,14 @@ protected:
     void showEvent(QShowEvent* evenement) override;
 
 private:
+    void Consulter(char choisie);
     void Remplir(char choisie);
     void ActiverRetrait();
     void Donner();
     void Retirer();
 
     Dialogues& dialogues_;
+    Consultation consultation_;
     std::vector<LettreDonnee> lettres_;
     QTreeWidget* liste_;
     QComboBox* libres_;

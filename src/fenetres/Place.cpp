@@ -55,24 +55,24 @@ void EcrirePixels(std::string_view section, std::string_view cle, int pixels)
 void PlacerFenetrePrincipale(QWidget& fenetre)
 {
     const auto lire = [](std::string_view cle, int defaut) { return LirePixels(SectionSettings, cle, defaut); };
-    fenetre.resize(std::max(lire("MainWidth", 1000), 320), std::max(lire("MainHeight", 660), 240));
-    if (GetSetting(SectionSettings, "MainLeft", "").empty())
+    fenetre.resize(std::max(lire(CleMainWidth, 1000), 320), std::max(lire(CleMainHeight, 660), 240));
+    if (GetSetting(SectionSettings, CleMainLeft, "").empty())
         fenetre.move(0, 0);
     else
-        PlacerFenetre(fenetre, "MainTop", "MainLeft");
-    if (GetSettingEntier(SectionSettings, "MainState", 0, 2) == 2)
+        PlacerFenetre(fenetre, CleMainTop, CleMainLeft);
+    if (GetSettingEntier(SectionSettings, CleMainState, 0, 2) == 2)
         fenetre.setWindowState(Qt::WindowMaximized);
 }
 
 void EnregistrerPlacePrincipale(const QWidget& fenetre)
 {
     const int etat = fenetre.isMinimized() ? 1 : fenetre.isMaximized() ? 2 : 0;
-    SaveSetting(SectionSettings, "MainState", std::to_string(etat));
+    SaveSetting(SectionSettings, CleMainState, std::to_string(etat));
     if (etat != 0)
         return;
-    EnregistrerPlace(fenetre, "MainTop", "MainLeft");
-    EcrirePixels(SectionSettings, "MainWidth", fenetre.width());
-    EcrirePixels(SectionSettings, "MainHeight", fenetre.height());
+    EnregistrerPlace(fenetre, CleMainTop, CleMainLeft);
+    EcrirePixels(SectionSettings, CleMainWidth, fenetre.width());
+    EcrirePixels(SectionSettings, CleMainHeight, fenetre.height());
 }
 
 void PrendreLaPlace(QWidget& fenetre, QWidget& autre)

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -10,6 +11,7 @@
 #include <utility>
 
 #include "platform/Descripteur.h"
+#include "platform/FichiersReserves.h"
 
 Fichier::Fichier(int descripteur)
 {
@@ -27,6 +29,8 @@ Fichier::Fichier(const std::string& cheminReel)
     const Descripteur entree = OuvrirChemin(cheminReel, O_PATH);
     struct stat etat {};
     if (!entree.Ouvert() || fstat(entree.Valeur(), &etat) != 0 || !S_ISREG(etat.st_mode))
+        return;
+    if (EstReserve({uint64_t{major(etat.st_dev)} << 32 | minor(etat.st_dev), etat.st_ino}))
         return;
     *this = Fichier(OuvrirChemin(cheminReel, O_RDONLY | O_NONBLOCK | O_NOCTTY).Ceder());
 }

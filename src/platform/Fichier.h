@@ -9,8 +9,8 @@
 class Fichier {
 public:
     Fichier() = default;
-    explicit Fichier(int descripteur);  // takes the descriptor over
-    explicit Fichier(const std::string& cheminReel);
+    explicit Fichier(int descripteur);                // takes the descriptor over
+    explicit Fichier(const std::string& cheminReel);  // closed for the file of an open base too
     ~Fichier();
     Fichier(Fichier&& autre) noexcept;
     Fichier& operator=(Fichier&& autre) noexcept;

@@ -370,7 +370,8 @@ std::vector<LettreDonnee> LettresDonnees()
 {
     std::vector<LettreDonnee> donnees;
     for (const auto& [lettre, cible] : RegarderMachine())
-        donnees.push_back({lettre, NomEnTexte(cible.cible), Presente(cible), Retirable(lettre, cible)});
+        donnees.push_back(
+            {lettre, NomEnTexte(cible.cible), TypeDuLecteur(lettre), Presente(cible), Retirable(lettre, cible)});
     return donnees;
 }
 
@@ -470,5 +471,5 @@ char LettreDuDossier(const std::string& dossier)
 bool EstVolumeNonFat(char lettre)
 {
     VolumeLecteur volume;
-    return VolumeDuLecteur(lettre, volume) && !Majuscules(volume.systeme).starts_with("FAT");
+    return VolumeDuLecteur(lettre, volume) && !EstSystemeFat(volume.systeme);
 }

@@ -38,6 +38,7 @@ std::vector<char> LettresMachine();
 struct LettreDonnee {
     char lettre = 0;
     std::string cible;       // text of the folder or device that it leads to
+    uint32_t type = 0;       // one of TypeLecteur
     bool presente = false;   // the drive is there now
     bool retirable = false;  // the next look at the machine would not give it back
 };

@@ -13,6 +13,9 @@
 #include <QTime>
 
 namespace {
+constexpr int64_t ParSeconde = 10'000'000;
+constexpr int64_t De1601a1970 = 11'644'473'600;
+
 const std::string& SeparateurMilliers()
 {
     static const std::string separateur = QLocale().groupSeparator().toStdString();
@@ -95,14 +98,30 @@ std::string FormatNombre(double valeur, int decimales, bool groupes)
     return texte;
 }
 
+int64_t TempsDepuis1601(int64_t secondes, uint32_t nanosecondes)
+{
+    int64_t temps = 0;
+    if (__builtin_add_overflow(secondes, De1601a1970, &temps) || __builtin_mul_overflow(temps, ParSeconde, &temps) ||
+        __builtin_add_overflow(temps, int64_t{nanosecondes / 100}, &temps))
+        return secondes < 0 ? INT64_MIN : INT64_MAX;
+    return temps;
+}
+
+int64_t Maintenant()
+{
+    return TempsDepuis1601(time(nullptr), 0);
+}
+
 DateHeure EnDateLocale(int64_t temps)
 {
-    constexpr int64_t parSeconde = 10'000'000;
-    constexpr int64_t de1601a1970 = 11'644'473'600;
-    const time_t secondes = (temps >= 0 ? temps : temps - (parSeconde - 1)) / parSeconde - de1601a1970;
+    const time_t secondes = temps / ParSeconde - (temps % ParSeconde < 0 ? 1 : 0) - De1601a1970;
     tm local{};
     if (!localtime_r(&secondes, &local))
         return {};
+    if (local.tm_year + 1900 > 9999)
+        return {9999, 12, 31, 23, 59, 59};
+    if (local.tm_year + 1900 < 1)
+        return {1, 1, 1, 0, 0, 0};
     return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
 }
 

@@ -14,7 +14,11 @@ struct DateHeure {
     int annee = 0, mois = 0, jour = 0, heure = 0, minute = 0, seconde = 0;
 };
 
-// From 100 ns units since 1 January 1601 UTC to local date and time.
+// A moment since 1970 in 100 ns units since 1601; the nearest that can be told when it lies too far off.
+int64_t TempsDepuis1601(int64_t secondes, uint32_t nanosecondes);
+int64_t Maintenant();
+
+// From 100 ns units since 1 January 1601 UTC to local date and time, in the years 1 to 9999.
 DateHeure EnDateLocale(int64_t temps);
 
 // The short date, its year always in full, and back; false for a text that is no such date.

@@ -5,6 +5,8 @@
 #include <charconv>
 #include <set>
 
+#include "commun/Texte.h"
+
 namespace {
 // A word up to the next blank, its octal escapes ("\040") decoded.
 std::string PrendreMot(std::string_view& ligne)
@@ -228,4 +230,9 @@ uint32_t SerieDepuisUuid(std::string_view systeme, std::string_view uuid)
     for (size_t rang = 0; rang < octets.size(); ++rang)
         serie ^= uint32_t{octets[rang]} << (24 - 8 * (rang % 4));
     return serie;
+}
+
+bool EstSystemeFat(const std::string& systeme)
+{
+    return systeme == "vfat" || systeme == "msdos" || Majuscules(systeme).starts_with("FAT");
 }

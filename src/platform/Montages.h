@@ -51,3 +51,6 @@ std::map<char, Lettre> ChoisirLettres(std::map<char, Lettre> connues, const std:
 
 // 32-bit serial number: the one of FAT and NTFS volumes, else the groups of 4 bytes of the UUID folded by XOR.
 uint32_t SerieDepuisUuid(std::string_view systeme, std::string_view uuid);
+
+// Whether the name that the kernel or a volume gives stands for FAT12, FAT16 or FAT32. exFAT is none of them.
+bool EstSystemeFat(const std::string& systeme);

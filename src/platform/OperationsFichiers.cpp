@@ -8,9 +8,13 @@
 
 #include <atomic>
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <cstdio>
+#include <filesystem>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include <fmt/format.h>
 
@@ -52,12 +56,32 @@ std::string DossierDe(const std::string& chemin)
     return barre == 0 ? "/" : chemin.substr(0, barre);
 }
 
+constexpr std::string_view DebutBrouillon = ".velourne-brouillon-";
+
+// The process that made a draft, by the draft's name; 0 for any other name.
+pid_t AuteurDuBrouillon(std::string_view nom)
+{
+    if (!nom.starts_with(DebutBrouillon))
+        return 0;
+    nom.remove_prefix(DebutBrouillon.size());
+    pid_t auteur = 0;
+    unsigned rang = 0;
+    const char* fin = nom.data() + nom.size();
+    const auto [tiret, erreur] = std::from_chars(nom.data(), fin, auteur);
+    if (erreur != std::errc() || tiret == fin || *tiret != '-')
+        return 0;
+    const auto [reste, suite] = std::from_chars(tiret + 1, fin, rang);
+    return suite == std::errc() && reste == fin && auteur > 0 ? auteur : 0;
+}
+
 Descripteur CreerBrouillon(const std::string& dossier, mode_t mode, std::string& chemin)
 {
     static std::atomic<unsigned> compteur;
     for (int essai = 0; essai < 1000; ++essai) {
-        chemin = fmt::format("{}/.velourne-{}-{}", dossier, getpid(), ++compteur);
+        chemin = fmt::format("{}/{}{}-{}", dossier, DebutBrouillon, getpid(), ++compteur);
         Descripteur brouillon(open(chemin.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
+        if (brouillon.Ouvert())
+            flock(brouillon.Valeur(), LOCK_EX | LOCK_NB);  // tells those on other machines that it is in use
         if (brouillon.Ouvert() || errno != EEXIST)
             return brouillon;
     }
@@ -71,7 +95,8 @@ void SynchroniserDossier(const std::string& dossier)
         fsync(descripteur.Valeur());
 }
 
-bool Remplacer(const std::string& chemin, bool prive, const std::function<bool(int)>& remplir)
+bool Remplacer(const std::string& chemin, bool prive, const std::function<bool(int)>& remplir,
+               const std::function<bool(const std::string&)>& avant = {})
 {
     const std::string cible = CibleReelle(chemin);
     const std::string dossier = DossierDe(cible);
@@ -86,6 +111,10 @@ bool Remplacer(const std::string& chemin, bool prive, const std::function<bool(i
         reussi = S_ISREG(ancien.st_mode) && fchmod(brouillon.Valeur(), ancien.st_mode & 07777) == 0;
     reussi = reussi && remplir(brouillon.Valeur()) && fsync(brouillon.Valeur()) == 0;
     reussi = close(brouillon.Ceder()) == 0 && reussi;  // network file systems may fail only here
+    if (reussi && avant) {
+        reussi = avant(cible);
+        SynchroniserDossier(dossier);
+    }
     if (!reussi || rename(nomBrouillon.c_str(), cible.c_str()) != 0) {
         unlink(nomBrouillon.c_str());
         return false;
@@ -111,15 +140,20 @@ bool CopierFichier(const std::string& source, const std::string& cible)
     if (!entree.Ouvert())
         return false;
     return Remplacer(cible, false, [&](int sortie) {
-        std::string tampon(size_t{1} << 20, '\0');
-        for (uint64_t position = 0; position < entree.Taille();) {
-            const size_t lus = entree.Lire(position, tampon.data(), tampon.size());
-            if (lus == 0 || !Verser(sortie, std::string_view(tampon.data(), lus)))
-                return false;
-            position += lus;
-        }
-        return true;
+        return VerserFichier(entree, [sortie](std::string_view octets) { return Verser(sortie, octets); });
     });
+}
+
+bool VerserFichier(const Fichier& fichier, const Versement& verser)
+{
+    std::string tampon(size_t{1} << 20, '\0');
+    for (uint64_t position = 0; position < fichier.Taille();) {
+        const size_t lus = fichier.Lire(position, tampon.data(), tampon.size());
+        if (lus == 0 || !verser(std::string_view(tampon.data(), lus)))
+            return false;
+        position += lus;
+    }
+    return fichier.Ouvert();
 }
 
 bool EcrireFichier(const std::string& chemin, std::string_view octets, bool prive)
@@ -129,9 +163,47 @@ bool EcrireFichier(const std::string& chemin, std::string_view octets, bool priv
 
 bool EcrireFichier(const std::string& chemin, const std::function<bool(const Versement&)>& remplir, bool prive)
 {
-    return Remplacer(chemin, prive, [&](int sortie) {
+    return EcrireFichier(chemin, remplir, prive, {});
+}
+
+bool EcrireFichier(const std::string& chemin, const std::function<bool(const Versement&)>& remplir, bool prive,
+                   const std::function<bool(const std::string&)>& avant)
+{
+    const auto verser = [&](int sortie) {
         return remplir([sortie](std::string_view octets) { return Verser(sortie, octets); });
-    });
+    };
+    return Remplacer(chemin, prive, verser, avant);
+}
+
+bool RenommerSansEcraser(const std::string& ancien, const std::string& nouveau)
+{
+    if (renameat2(AT_FDCWD, ancien.c_str(), AT_FDCWD, nouveau.c_str(), RENAME_NOREPLACE) == 0) {
+        SynchroniserDossier(DossierDe(nouveau));
+        return true;
+    }
+    // Some file systems know no such renaming, and some of these no second name either.
+    struct stat etat {};
+    return errno == EINVAL && lstat(nouveau.c_str(), &etat) != 0 && errno == ENOENT &&
+           rename(ancien.c_str(), nouveau.c_str()) == 0;
+}
+
+void NettoyerBrouillons(const std::string& dossier)
+{
+    std::error_code erreur;
+    std::vector<std::string> vieux;
+    for (std::filesystem::directory_iterator entree(dossier, erreur), fin; !erreur && entree != fin;
+         entree.increment(erreur)) {
+        const pid_t auteur = AuteurDuBrouillon(entree->path().filename().string());
+        if (auteur > 0 && kill(auteur, 0) != 0 && errno == ESRCH)
+            vieux.push_back(entree->path().string());
+    }
+    for (const std::string& chemin : vieux) {
+        const Descripteur brouillon(open(chemin.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+        struct stat etat {};
+        if (brouillon.Ouvert() && fstat(brouillon.Valeur(), &etat) == 0 && S_ISREG(etat.st_mode) &&
+            etat.st_uid == geteuid() && flock(brouillon.Valeur(), LOCK_EX | LOCK_NB) == 0)
+            unlink(chemin.c_str());
+    }
 }
 
 bool LireEtatFichier(const std::string& chemin, EtatFichier& etat)

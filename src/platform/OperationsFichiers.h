@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+class Fichier;
+
 // Operations on the program's own files, by real path. All return false on failure and then leave the target as it was.
 
 bool FichierExiste(const std::string& chemin);  // an ordinary file
@@ -20,6 +22,20 @@ bool EcrireFichier(const std::string& chemin, std::string_view octets, bool priv
 // The same with the pieces that `remplir` gives to its argument, which is false when one can't be written.
 using Versement = std::function<bool(std::string_view octets)>;
 bool EcrireFichier(const std::string& chemin, const std::function<bool(const Versement&)>& remplir, bool prive);
+
+// The same; `avant` runs with the real path of the target once the new file is whole and on disk, before it takes its
+// place; false leaves the target as it was.
+bool EcrireFichier(const std::string& chemin, const std::function<bool(const Versement&)>& remplir, bool prive,
+                   const std::function<bool(const std::string& cible)>& avant);
+
+// Gives the bytes of an open file in pieces.
+bool VerserFichier(const Fichier& fichier, const Versement& verser);
+
+// Renames a file unless something stands at the new path.
+bool RenommerSansEcraser(const std::string& ancien, const std::string& nouveau);
+
+// Deletes the drafts that processes which are gone left in a folder, and nothing else.
+void NettoyerBrouillons(const std::string& dossier);
 
 // What tells one state of a file from another.
 struct EtatFichier {

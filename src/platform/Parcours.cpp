@@ -15,6 +15,7 @@
 #include "commun/Texte.h"
 #include "platform/Descripteur.h"
 #include "platform/Lecteurs.h"
+#include "platform/Locale.h"
 #include "platform/MontagesMachine.h"
 
 namespace {
@@ -105,7 +106,7 @@ uint32_t AttributsGeneraux(const struct statx& etat, const char* nom)
 
 int64_t EnTemps1601(const struct statx_timestamp& temps)
 {
-    return (temps.tv_sec + 11'644'473'600) * 10'000'000 + temps.tv_nsec / 100;
+    return TempsDepuis1601(temps.tv_sec, temps.tv_nsec);
 }
 
 int64_t Creation(const struct statx& etat)
@@ -126,7 +127,7 @@ uint16_t ModeDepuisType(uint8_t type)
 bool Decrire(int dossier, const char* nom, uint8_t type, Attributs sorte, EntreeDossier& entree)
 {
     struct statx etat {};
-    constexpr unsigned voulu = STATX_TYPE | STATX_MODE | STATX_SIZE | STATX_BTIME | STATX_MTIME;
+    constexpr unsigned voulu = STATX_TYPE | STATX_MODE | STATX_INO | STATX_SIZE | STATX_BTIME | STATX_MTIME;
     constexpr int drapeaux = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | AT_STATX_DONT_SYNC;
     if (statx(dossier, nom, drapeaux, voulu, &etat) != 0) {
         if (errno == ENOENT)
@@ -139,10 +140,12 @@ bool Decrire(int dossier, const char* nom, uint8_t type, Attributs sorte, Entree
     entree.nomReel = nom;
     entree.nom = NomEnTexte(entree.nomReel);
     entree.ordinaire = S_ISREG(etat.stx_mode);
+    entree.numero = {uint64_t{etat.stx_dev_major} << 32 | etat.stx_dev_minor, etat.stx_ino};
     entree.taille = entree.ordinaire || estLien ? etat.stx_size : 0;
     entree.creation = Creation(etat);
-    const bool ouvrable = entree.ordinaire || estDossier;
-    if (sorte == Attributs::Aucuns || !ouvrable || !AttributsPropres(sorte, dossier, nom, entree.attributs))
+    const bool propres = sorte != Attributs::Aucuns &&
+                         (estDossier || (entree.ordinaire && !EntreeReservee(dossier, nom, entree.numero)));
+    if (!propres || !AttributsPropres(sorte, dossier, nom, entree.attributs))
         entree.attributs = AttributsGeneraux(etat, nom);
     entree.attributs &= ~(AttributDossier | AttributLien);
     if (estDossier)
@@ -287,7 +290,8 @@ void Parcours::Remonter()
 Fichier Parcours::Ouvrir(const EntreeDossier& entree) const
 {
     const int dossier = etat_->Courant();
-    if (dossier < 0 || !entree.ordinaire || !NomSimple(entree.nomReel))
+    if (dossier < 0 || !entree.ordinaire || !NomSimple(entree.nomReel) ||
+        EntreeReservee(dossier, entree.nomReel.c_str(), entree.numero))
         return {};
     constexpr int drapeaux = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     return Fichier(openat(dossier, entree.nomReel.c_str(), drapeaux));

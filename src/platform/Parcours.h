@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/Fichier.h"
+#include "platform/FichiersReserves.h"
 
 // Bits of the attributes of an entry, as the catalogue's attribute letters number them.
 enum AttributFichier : uint32_t {
@@ -26,6 +27,7 @@ struct EntreeDossier {
     uint64_t taille = 0;     // bytes; 0 for all but ordinary files and links
     int64_t creation = 0;    // 100 ns units since 1 January 1601 UTC; 0 when unknown
     bool ordinaire = false;  // an ordinary file: the only kind that may be opened
+    NumeroFichier numero;    // its own, for files
 };
 
 // A walk through the directories of one drive, by descriptors, so that neither the length of a path nor the depth of
@@ -48,7 +50,8 @@ public:
     // Goes back up to where Entrer was called. A directory that has gone meanwhile then lists nothing.
     void Remonter();
 
-    // Opens an ordinary file that Lister just gave; a closed Fichier for anything else.
+    // Opens an ordinary file that Lister just gave; a closed Fichier for anything else, and for what belongs to an open
+    // base.
     Fichier Ouvrir(const EntreeDossier& entree) const;
 
 private:

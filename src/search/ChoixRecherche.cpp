@@ -6,6 +6,7 @@
 #include "catalogue/OuvrirBase.h"
 #include "commun/Formes.h"
 #include "commun/Texte.h"
+#include "store/ClesReglages.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
@@ -23,20 +24,20 @@ ChoixMedias ChargerMedias(const char* champ)
     return choix;
 }
 
-std::string CleSaisie(int64_t numero)
+std::string CleMot(int64_t numero)
 {
-    return "Saisie" + Str(numero);
+    return std::string(DebutCleSaisie) + Str(numero);
 }
 
 std::string CleOption(int option)
 {
-    return "Rec" + Str(option);
+    return std::string(DebutCleRec) + Str(option);
 }
 
 int64_t NombreSaisies()
 {
     constexpr double plusQuOnNEnTape = 1e6;
-    return static_cast<int64_t>(std::clamp(GetSettingNombre(SectionSettings, "CptSaisie", 0), 0.0, plusQuOnNEnTape));
+    return static_cast<int64_t>(std::clamp(GetSettingNombre(SectionSettings, CleCptSaisie, 0), 0.0, plusQuOnNEnTape));
 }
 
 }  // namespace
@@ -74,7 +75,7 @@ std::vector<std::string> LireSaisies()
     std::vector<std::string> saisies;
     const int64_t nombre = NombreSaisies();
     for (int64_t i = 1; i <= nombre; ++i)
-        saisies.push_back(GetSetting(SectionSettings, CleSaisie(i), ""));
+        saisies.push_back(GetSetting(SectionSettings, CleMot(i), ""));
     return saisies;
 }
 
@@ -87,8 +88,8 @@ void NoterSaisie(const std::string& mot)
         if (Trim(saisie) == mot)
             return;
     const auto numero = static_cast<int64_t>(saisies.size()) + 1;
-    SaveSetting(SectionSettings, CleSaisie(numero), mot);
-    SaveSettingNombre(SectionSettings, "CptSaisie", static_cast<double>(numero));
+    SaveSetting(SectionSettings, CleMot(numero), mot);
+    SaveSettingNombre(SectionSettings, CleCptSaisie, static_cast<double>(numero));
 }
 
 bool OptionActive(int option)

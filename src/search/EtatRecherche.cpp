@@ -4,6 +4,7 @@
 
 #include "commun/Formes.h"
 #include "platform/Locale.h"
+#include "store/ClesReglages.h"
 #include "store/Reglages.h"
 
 namespace {
@@ -12,7 +13,7 @@ constexpr int NombreOnglets = 3;
 
 std::string CleDate(int rang)
 {
-    return "Date" + Str(rang);
+    return std::string(DebutCleDate) + Str(rang);
 }
 
 EtatRecherche::Jour FaireJour(const DateHeure& date)
@@ -28,21 +29,21 @@ EtatRecherche::EtatRecherche()
         options_[static_cast<size_t>(option)] = OptionActive(option);
     if (Option(OptionDates))
         LireDates();
-    if (!GetSetting(SectionRecLvListView, "SortKey", "").empty())
-        tri_ = TriListe{GetSettingEntier(SectionRecLvListView, "SortKey", ColTaille, NombreColonnes - 1),
-                        GetSettingEntier(SectionRecLvListView, "SortOrder", 0, 1) == 1};
+    if (!GetSetting(SectionRecLvListView, CleSortKey, "").empty())
+        tri_ = TriListe{GetSettingEntier(SectionRecLvListView, CleSortKey, ColTaille, NombreColonnes - 1),
+                        GetSettingEntier(SectionRecLvListView, CleSortOrder, 0, 1) == 1};
     RelireOnglet();
 }
 
 void EtatRecherche::RelireOnglet()
 {
-    onglet_ = GetSettingEntier(SectionLvListView, "Onglet", RechercheAvancee, NombreOnglets - 1);
+    onglet_ = GetSettingEntier(SectionLvListView, CleOnglet, RechercheAvancee, NombreOnglets - 1);
 }
 
 void EtatRecherche::ChoisirOnglet(int onglet)
 {
     onglet_ = onglet;
-    SaveSetting(SectionLvListView, "Onglet", std::to_string(onglet));
+    SaveSetting(SectionLvListView, CleOnglet, std::to_string(onglet));
 }
 
 void EtatRecherche::ChargerChoix()
@@ -97,8 +98,8 @@ bool EtatRecherche::FixerDate(int rang, int annee, int mois, int jour)
 void EtatRecherche::TrierColonne(int colonne)
 {
     const bool avant = tri_ && tri_->decroissant;
-    SaveSetting(SectionRecLvListView, "SortKey", std::to_string(colonne));
-    SaveSetting(SectionRecLvListView, "SortOrder", avant ? "1" : "0");
+    SaveSetting(SectionRecLvListView, CleSortKey, std::to_string(colonne));
+    SaveSetting(SectionRecLvListView, CleSortOrder, avant ? "1" : "0");
     tri_ = TriListe{colonne, !avant};
 }
 

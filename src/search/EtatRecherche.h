@@ -8,6 +8,7 @@
 #include "browser/LectureListeFichiers.h"
 #include "search/ChoixRecherche.h"
 #include "search/Requete.h"
+#include "store/ClesReglages.h"
 
 // What the search window holds, without its widgets: the tab, the word, the switches, dates and lists, and how the
 // results are sorted. Each choice of the user is stored at once.
@@ -58,7 +59,7 @@ private:
 
     int onglet_ = RechercheAvancee;
     std::array<bool, NombreOptions> options_{};
-    std::array<Liste, NombreListes> listes_ = {{{"LExt", {}}, {"LIdent", {}}, {"LLabel", {}}}};
+    std::array<Liste, NombreListes> listes_ = {{{CleLExt, {}}, {CleLIdent, {}}, {CleLLabel, {}}}};
     ChoixMedias identifiants_, labels_;
     std::array<Jour, 2> dates_;
     std::optional<TriListe> tri_;

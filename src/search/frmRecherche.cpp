@@ -28,6 +28,7 @@
 #include "search/Arborescence.h"
 #include "search/Infobulle.h"
 #include "search/RechercheLabel.h"
+#include "store/ClesReglages.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
 
@@ -39,7 +40,7 @@ constexpr const char* VueRapport = "3";
 
 std::string CleColonne(int colonne)
 {
-    return "RecL" + std::to_string(colonne + 1);
+    return std::string(DebutCleLargeurRec) + std::to_string(colonne + 1);
 }
 
 void Remplir(QComboBox& choix, const EtatRecherche::Liste& liste)
@@ -192,7 +193,7 @@ void frmRecherche::Memoriser()
     EnregistrerPlacePrincipale(*this);
     for (int i = 0; i < NombreColonnes; ++i)
         EcrirePixels(SectionLvListView, CleColonne(i), panneaux_.lvListView->header()->sectionSize(i));
-    SaveSetting(SectionSettings, "RecViewMode", VueRapport);
+    SaveSetting(SectionSettings, CleRecViewMode, VueRapport);
 }
 
 void frmRecherche::ChoisirOnglet(int onglet)
@@ -384,7 +385,7 @@ void frmRecherche::lvListView_Click()
         const ItemListe item = liste_[index.row()];
         panneaux_.titre->setText(" " + EnQString(Generer_Arborescence_Lite(item.cle)));
         panneaux_.titre->setToolTip(panneaux_.titre->text());
-        if (GetSettingNombre(SectionSettings, "OptionsDivers" + Str(3), 1) == 1)
+        if (GetSettingNombre(SectionSettings, CleOptionsDivers[3], 1) == 1)
             MontrerDescription(item, index);
         else
             panneaux_.infobulle->Cacher();

@@ -24,6 +24,7 @@ Fenetres::~Fenetres() = default;
 void Fenetres::Demarrer()
 {
     InitialiserBase();
+    NettoyerRestes();
     CreerPrincipale();
     principale_->show();
 }

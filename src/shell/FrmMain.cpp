@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "fenetres/Place.h"
+#include "store/ClesReglages.h"
 
 namespace {
 
@@ -15,6 +16,15 @@ constexpr const char* Repos = "Cliquer sur un des deux boutons ci dessus pour ac
 QString Image(const QToolButton* bouton, bool survol)
 {
     return QString(":/images/%1%2.svg").arg(bouton->property("image").toString(), survol ? "-actif" : "");
+}
+
+// A window that comes to the front gives the focus to a button by itself: only a key makes it count.
+bool ParLeClavier(const QEvent& evenement)
+{
+    if (evenement.type() != QEvent::FocusIn)
+        return evenement.type() == QEvent::KeyPress;
+    const Qt::FocusReason raison = static_cast<const QFocusEvent&>(evenement).reason();
+    return raison == Qt::TabFocusReason || raison == Qt::BacktabFocusReason || raison == Qt::ShortcutFocusReason;
 }
 
 }  // namespace
@@ -55,7 +65,7 @@ FrmMain::FrmMain(QWidget* parent) : QWidget(parent, Qt::Window)
     connect(boutons_[1], &QToolButton::clicked, this, &FrmMain::vueVoulue);
     Commenter();
     adjustSize();
-    PlacerFenetre(*this, "TopMain", "LeftMain");
+    PlacerFenetre(*this, CleTopMain, CleLeftMain);
 }
 
 QToolButton* FrmMain::CreerBouton(const QString& nom, const QString& texte, const char* image)
@@ -80,13 +90,13 @@ bool FrmMain::eventFilter(QObject* objet, QEvent* evenement)
         case QEvent::Enter:
         case QEvent::Leave:
         case QEvent::FocusIn:
-        case QEvent::FocusOut: {
+        case QEvent::FocusOut:
+        case QEvent::KeyPress: {
             auto* bouton = static_cast<QToolButton*>(objet);
             bouton->setProperty("survol", evenement->type() == QEvent::Enter || (bouton->property("survol").toBool() &&
                                                                                  evenement->type() != QEvent::Leave));
-            bouton->setProperty("clavier",
-                                evenement->type() == QEvent::FocusIn ||
-                                    (bouton->property("clavier").toBool() && evenement->type() != QEvent::FocusOut));
+            bouton->setProperty("clavier", ParLeClavier(*evenement) || (bouton->property("clavier").toBool() &&
+                                                                        evenement->type() != QEvent::FocusOut));
             Commenter();
             break;
         }
@@ -95,7 +105,7 @@ bool FrmMain::eventFilter(QObject* objet, QEvent* evenement)
     return QWidget::eventFilter(objet, evenement);
 }
 
-// The comment of the button under the pointer, else of the one with the focus.
+// The comment of the button under the pointer, else of the one that the keyboard has reached.
 void FrmMain::Commenter()
 {
     QString texte;
@@ -110,7 +120,7 @@ void FrmMain::Commenter()
 
 void FrmMain::Memoriser()
 {
-    EnregistrerPlace(*this, "TopMain", "LeftMain");
+    EnregistrerPlace(*this, CleTopMain, CleLeftMain);
 }
 
 void FrmMain::closeEvent(QCloseEvent* evenement)

@@ -7,7 +7,6 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-#include "commun/Formes.h"
 #include "fenetres/FenetreLecteurs.h"
 #include "fenetres/TextesQt.h"
 #include "shell/Options.h"
@@ -16,8 +15,7 @@ namespace {
 
 QCheckBox* CreerCase(const Option& option, const char* nom, size_t rang, QLayout& mise)
 {
-    // The blanks in front of a text leave room for a picture that a check box has by itself.
-    auto* boite = new QCheckBox(EnQString(Trim(option.texte)));
+    auto* boite = new QCheckBox(EnQString(option.texte));
     boite->setObjectName(QString("%1%2").arg(nom).arg(rang));
     mise.addWidget(boite);
     return boite;

@@ -21,21 +21,21 @@ void EcrireOptionFreedb(size_t rang, bool active)
 
 size_t LireRangDescription()
 {
-    const int rang = GetSettingEntier(SectionDescriptions, "Index", 1, OptionsDescriptions.size());
+    const int rang = GetSettingEntier(SectionDescriptions, CleIndex, 1, OptionsDescriptions.size());
     return static_cast<size_t>(std::max(rang, 1) - 1);
 }
 
 void EcrireRangDescription(size_t rang)
 {
-    SaveSetting(SectionDescriptions, "Index", std::to_string(rang + 1));
+    SaveSetting(SectionDescriptions, CleIndex, std::to_string(rang + 1));
 }
 
 int LireOnglet(int nombre)
 {
-    return GetSettingEntier(SectionOptions, "Onglet", 0, nombre - 1);
+    return GetSettingEntier(SectionOptions, CleOnglet, 0, nombre - 1);
 }
 
 void EcrireOnglet(int onglet)
 {
-    SaveSetting(SectionOptions, "Onglet", std::to_string(onglet));
+    SaveSetting(SectionOptions, CleOnglet, std::to_string(onglet));
 }

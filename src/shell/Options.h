@@ -12,8 +12,8 @@
 struct Option {
     std::string_view texte;
     std::string_view section, cle;
-    // What shows as long as nothing was written. Those who read the setting then go by defaults of their own, which may
-    // be others: meant so.
+    // What shows as long as nothing was written; those who read the setting may go by another (kept, particularité
+    // Xrien3).
     bool defaut;
 
     bool Lire() const;
@@ -43,18 +43,19 @@ inline constexpr std::array<Option, 18> OptionsDescriptions = {{
 }};
 
 inline constexpr std::array<Option, 2> OptionsFreedb = {{
-    {"Utiliser la base locale", SectionSettings, "BaseLocale", false},
-    {"Utiliser le proxy", SectionSettings, "Proxy", false},
+    {"Utiliser la base locale", SectionSettings, CleBaseLocale, false},
+    {"Utiliser le proxy", SectionSettings, CleProxy, false},
 }};
 
 inline constexpr std::array<Option, 4> OptionsDivers = {{
-    {"      Afficher la grille", SectionSettings, "OptionsDivers 0", true},
-    {"      Utiliser le dégradé des menus", SectionSettings, "OptionsDivers 1", true},
-    {"      Afficher les noms des fichiers lors de l'extraction", SectionSettings, "OptionsDivers 2", true},
-    {"      Afficher les info-bulles dans les recherches", SectionSettings, "OptionsDivers 3", true},
+    {"      Afficher la grille", SectionSettings, CleOptionsDivers[0], true},
+    {"      Utiliser le dégradé des menus", SectionSettings, CleOptionsDivers[1], true},
+    {"      Afficher les noms des fichiers lors de l'extraction", SectionSettings, CleOptionsDivers[2], true},
+    {"      Afficher les info-bulles dans les recherches", SectionSettings, CleOptionsDivers[3], true},
 }};
 
-// Writes a switch of OptionsFreedb, and with it the one of OptionsDivers in the same place: meant so.
+// Writes a switch of OptionsFreedb, and with it the one of OptionsDivers in the same place (kept, particularité
+// Xrien4).
 void EcrireOptionFreedb(size_t rang, bool active);
 
 // Row of OptionsDescriptions last clicked, from 0; kept counted from 1.

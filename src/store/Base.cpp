@@ -9,6 +9,7 @@
 
 #include "platform/OperationsFichiers.h"
 #include "store/Connexion.h"
+#include "store/PoserBase.h"
 #include "store/TraduireSql.h"
 
 namespace {
@@ -70,16 +71,22 @@ constexpr const char* Index[] = {
     R"(create index if not exists "CataloguePret" on "Catalogue" ("NPret"))",
 };
 
-bool EcrireSchema(const std::string& chemin)
+// The bytes of an empty base, made in memory.
+std::string BaseVide()
 {
     sqlite3* db = nullptr;
     const int modes = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
-    bool fait = sqlite3_open_v2(chemin.c_str(), &db, modes, nullptr) == SQLITE_OK;
+    bool fait = sqlite3_open_v2(":memory:", &db, modes, nullptr) == SQLITE_OK;
     fait = fait && sqlite3_exec(db, Schema, nullptr, nullptr, nullptr) == SQLITE_OK;
     for (const char* index : Index)
         fait = fait && sqlite3_exec(db, index, nullptr, nullptr, nullptr) == SQLITE_OK;
     fait = fait && sqlite3_exec(db, "commit", nullptr, nullptr, nullptr) == SQLITE_OK;
-    return sqlite3_close(db) == SQLITE_OK && fait;
+    sqlite3_int64 taille = 0;
+    unsigned char* octets = fait ? sqlite3_serialize(db, "main", &taille, 0) : nullptr;
+    std::string base(reinterpret_cast<const char*>(octets), octets ? static_cast<size_t>(taille) : 0);
+    sqlite3_free(octets);
+    sqlite3_close(db);
+    return base;
 }
 
 bool EstSaine(const std::string& chemin)
@@ -217,6 +224,16 @@ bool Base::CreateField(std::string_view table, const DefinitionChamp& champ)
     return fait;
 }
 
+bool Base::LireCompteur(std::array<uint8_t, 4>& compteur)
+{
+    return connexion_ && connexion_->LireCompteur(compteur);
+}
+
+bool Base::VerserFichier(const Versement& verser)
+{
+    return connexion_ && !connexion_->enTransaction && connexion_->Vider() && VerserDuMoteur(connexion_->db, verser);
+}
+
 bool Base::ParcourirNoms(const std::function<bool(int64_t, std::string_view, std::string_view)>& recevoir)
 {
     if (!connexion_ || connexion_->enTransaction)  // rows that may yet be undone
@@ -293,11 +310,6 @@ bool BaseARendre(const std::string& chemin)
 
 bool CreerBaseVide(const std::string& chemin)
 {
-    if (BaseOuverteIci(chemin))
-        return false;
-    const std::string ebauche = chemin + ".nouveau";
-    SupprimerFichier(ebauche);
-    const bool fait = EcrireSchema(ebauche) && CopierFichier(ebauche, chemin);
-    SupprimerFichier(ebauche);
-    return fait;
+    const std::string octets = BaseVide();
+    return !octets.empty() && PoserBase(chemin, [&octets](const Versement& verser) { return verser(octets); });
 }

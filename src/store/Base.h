@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -7,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/OperationsFichiers.h"
 #include "store/Recordset.h"
 
 struct Connexion;
@@ -18,6 +20,9 @@ struct DefinitionChamp {
     TypeChamp type;
     int taille = 0;
 };
+
+// A base file over the engine. Statements are in the system's dialect (see TraduireSql), texts UTF-8, paths real ones.
+// For one thread at a time: the one that uses the store.
 
 // One opening of a base. Opens of one path inside the process share a connection; the last Close lets the file go.
 // On a base that did not open every operation does nothing and gives an empty result.
@@ -46,6 +51,13 @@ public:
     // Each false when the table or field exists already, or anything else fails.
     bool CreateTableDef(std::string_view table, std::initializer_list<DefinitionChamp> champs);
     bool CreateField(std::string_view table, const DefinitionChamp& champ);
+    // The change counter in the head of the file: it grows with the first write of each opening. False when it can't be
+    // read.
+    bool LireCompteur(std::array<uint8_t, 4>& compteur);
+
+    // Gives the bytes of the file in pieces. False within a transaction, when they are not a base.
+    bool VerserFichier(const Versement& verser);
+
     // Hands over number, name and alias of every row of `Liste`, by number, until the function returns false. False
     // when not all rows could be read.
     bool ParcourirNoms(
@@ -54,7 +66,8 @@ public:
     // Adds the indexes that the statements in use need and that the base lacks.
     void CreerIndex();
 
-    // One transaction; not nested. Valider and Annuler return false when there is none any more, as after a full disk.
+    // One transaction, see Transaction, which is how to use them; not nested. Valider and Annuler return false when
+    // there is none any more, as after a full disk.
     bool CommencerTransaction();
     bool Valider();
     bool Annuler();

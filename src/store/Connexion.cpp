@@ -7,7 +7,6 @@
 #include "commun/Formes.h"
 #include "commun/Motif.h"
 #include "commun/Texte.h"
-#include "platform/Fichier.h"
 #include "platform/OperationsFichiers.h"
 #include "store/Base.h"
 
@@ -61,16 +60,17 @@ void Comme(sqlite3_context* contexte, int, sqlite3_value** arguments)
     sqlite3_set_auxdata(contexte, 0, motif, DetruireMotif);
 }
 
-bool PorteSignature(const std::string& chemin)
+// Read through the engine: a descriptor of another hand would cost it its locks.
+bool PorteSignature(sqlite3* db)
 {
-    if (!FichierExiste(chemin))
-        return false;
     char debut[Signature.size()];
-    const Fichier fichier(chemin);
-    return fichier.Lire(0, debut, sizeof debut) == sizeof debut && Signature == std::string_view(debut, sizeof debut);
+    sqlite3_file* fichier = FichierDuMoteur(db);
+    return fichier && fichier->pMethods->xRead(fichier, debut, sizeof debut, 0) == SQLITE_OK &&
+           Signature == std::string_view(debut, sizeof debut);
 }
 
-enum class Examen { Base, Autre, Illisible };
+// Etrangere: without the signature of a database. Illisible: with it, but its schema can't be read.
+enum class Examen { Base, Autre, Illisible, Etrangere };
 
 constexpr const char* CompterTables =
     "select count(*) from sqlite_master where type = 'table' and rootpage > 0 and lower(name) in ('catalogue', "
@@ -114,14 +114,41 @@ Examen Examiner(const std::string& chemin)
     uri += "?immutable=1";
     sqlite3* db = nullptr;
     const int etat = sqlite3_open_v2(uri.c_str(), &db, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr);
-    const int64_t nombre = etat == SQLITE_OK ? PremiereValeur(db, CompterTables) : -1;
+    const bool signee = etat == SQLITE_OK && PorteSignature(db);
+    const int64_t nombre = signee ? PremiereValeur(db, CompterTables) : -1;
     sqlite3_close(db);
+    if (!signee)
+        return Examen::Etrangere;
     if (nombre < 0)
         return Examen::Illisible;
     return nombre == 2 ? Examen::Base : Examen::Autre;
 }
 
 }  // namespace
+
+sqlite3_file* FichierDuMoteur(sqlite3* db)
+{
+    sqlite3_file* fichier = nullptr;
+    const bool donne = sqlite3_file_control(db, "main", SQLITE_FCNTL_FILE_POINTER, &fichier) == SQLITE_OK;
+    return donne && fichier && fichier->pMethods ? fichier : nullptr;
+}
+
+bool VerserDuMoteur(sqlite3* db, const Versement& verser)
+{
+    sqlite3_file* fichier = FichierDuMoteur(db);
+    sqlite3_int64 taille = 0;
+    if (!fichier || fichier->pMethods->xFileSize(fichier, &taille) != SQLITE_OK)
+        return false;
+    constexpr sqlite3_int64 morceau = 1 << 20;
+    std::string tampon(morceau, '\0');
+    for (sqlite3_int64 place = 0; place < taille; place += morceau) {
+        const auto nombre = static_cast<int>(std::min(morceau, taille - place));
+        if (fichier->pMethods->xRead(fichier, tampon.data(), nombre, place) != SQLITE_OK ||
+            !verser(std::string_view(tampon.data(), static_cast<size_t>(nombre))))
+            return false;
+    }
+    return true;
+}
 
 bool MemeNom(std::string_view a, std::string_view b)
 {
@@ -175,11 +202,12 @@ Connexion::~Connexion()
 
 bool Connexion::Ouvrir(const std::string& chemin)
 {
-    if (!PorteSignature(chemin))
+    if (!FichierExiste(chemin) || !fichier_.Prendre(chemin))
         return false;
     // A torn schema may be the work of a crash, which the journal beside the base undoes.
     const Examen examen = Examiner(chemin);
-    if (examen == Examen::Autre || (examen == Examen::Illisible && !FichierExiste(chemin + "-journal")))
+    if (examen == Examen::Autre || examen == Examen::Etrangere ||
+        (examen == Examen::Illisible && !FichierExiste(chemin + "-journal")))
         return false;
 
     const int modes = SQLITE_OPEN_READWRITE | SQLITE_OPEN_FULLMUTEX;
@@ -199,6 +227,13 @@ bool Connexion::Ouvrir(const std::string& chemin)
                             nullptr, nullptr);
     sqlite3_progress_handler(db, OperationsParPas, Pas, this);
     return true;
+}
+
+bool Connexion::LireCompteur(std::array<uint8_t, 4>& compteur)
+{
+    constexpr sqlite3_int64 place = 24;
+    sqlite3_file* fichier = FichierDuMoteur(db);
+    return fichier && fichier->pMethods->xRead(fichier, compteur.data(), compteur.size(), place) == SQLITE_OK;
 }
 
 Enonce Connexion::Preparer(std::string_view texte)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -13,8 +14,11 @@
 #include <sqlite3.h>
 
 #include "commun/Formes.h"
+#include "platform/FichiersReserves.h"
+#include "platform/OperationsFichiers.h"
 
-// Inside of the store only: the connection that all openings of one base share.
+// Inside of the store only: the connection that all openings of one base share. For the thread that uses the store;
+// texts are UTF-8, paths real ones.
 
 struct FinirEnonce {
     void operator()(sqlite3_stmt* enonce) const { sqlite3_finalize(enonce); }
@@ -86,6 +90,9 @@ struct Connexion {
     void OublierCompteurs();
     void OublierTables();
 
+    // Change counter of the file, as it stands there now.
+    bool LireCompteur(std::array<uint8_t, 4>& compteur);
+
     sqlite3* db = nullptr;
     bool enTransaction = false;
     std::vector<Attache*> attaches;
@@ -93,6 +100,8 @@ struct Connexion {
     const std::thread::id fil = std::this_thread::get_id();
 
 private:
+    FichierReserve fichier_;  // until the engine has let the file go
+
     Lot& LotDe(const std::shared_ptr<TableBase>& table);
     bool Ecrire(Lot& lot);
 
@@ -107,6 +116,11 @@ bool MemeNom(std::string_view a, std::string_view b);
 // First word of a statement, in lower case.
 std::string PremierMot(std::string_view texte);
 std::string EntreGuillemets(std::string_view nom);
+
+// The engine's own handle of a database file, valid as long as the connection; null when there is none.
+sqlite3_file* FichierDuMoteur(sqlite3* db);
+// Gives the bytes of the file in pieces, read by that handle.
+bool VerserDuMoteur(sqlite3* db, const Versement& verser);
 
 // True while a base is open in this process by this path.
 bool BaseOuverteIci(const std::string& chemin);

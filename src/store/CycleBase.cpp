@@ -1,84 +1,53 @@
 #include "store/CycleBase.h"
 
 #include <atomic>
-#include <map>
-#include <set>
+
+#include <fmt/format.h>
 
 #include "platform/Chemins.h"
+#include "platform/Locale.h"
 #include "platform/OperationsFichiers.h"
 #include "store/Base.h"
+#include "store/IndexNoms.h"
+#include "store/PoserBase.h"
 #include "store/Reglages.h"
+#include "store/Transaction.h"
 
 namespace {
 
-std::string baseCourante;
-
 std::atomic<bool> abandon{false};
-std::atomic<bool> arbreARecharger{false};
-std::atomic<bool> iconesARecharger{false};
 
-// The extension list, with what makes "does it stand anywhere in the list" cheap for a million questions.
-class Extensions {
-public:
-    const std::string& Texte() const { return texte_; }
+// As the settings have it.
+std::string BaseReglee()
+{
+    return GetSetting(SectionSettings, CleBaseCourante, DossierProgramme() + "/velour.vlr");
+}
 
-    void Charger(std::string_view texte)
-    {
-        texte_ = texte;
-        connues_.clear();
-        parLongueur_.clear();
-        for (std::string_view reste = texte; !reste.empty();) {
-            const std::string_view extension = reste.substr(0, reste.find('|'));
-            Retenir(extension);
-            reste.remove_prefix(std::min(extension.size() + 1, reste.size()));
-        }
-    }
+bool PeutTenirDesMedias(const std::string& chemin)
+{
+    EtatFichier etat;
+    if (!FichierExiste(chemin) || !LireEtatFichier(chemin, etat))
+        return false;
+    Base base = OpenDatabase(chemin);
+    return base.Ouverte() ? base.OpenRecordset("Catalogue").RecordCount() > 0 : etat.taille > 0;
+}
 
-    bool Contient(std::string_view extension)
-    {
-        if (extension.empty() || connues_.contains(extension))
-            return true;
-        if (!Cherchee(extension))
-            return false;
-        connues_.emplace(extension);
+// Renames a base of the program directory after the present moment and leaves word of it.
+bool MettreDeCote(const std::string& chemin)
+{
+    const DateHeure date = EnDateLocale(Maintenant());
+    const std::string nom = fmt::format("{} {:04}-{:02}-{:02} {:02}{:02}{:02}", chemin.substr(0, chemin.rfind('.')),
+                                        date.annee, date.mois, date.jour, date.heure, date.minute, date.seconde);
+    constexpr int essais = 100;
+    for (int rang = 1; rang <= essais; ++rang) {
+        const std::string cible = nom + (rang > 1 ? fmt::format(" ({})", rang) : "") + ".vlr";
+        if (!RenommerSansEcraser(chemin, cible))
+            continue;
+        RenommerSansEcraser(chemin + "-journal", cible + "-journal");  // of a base that could not be opened
+        LaisserAvis("L'ancienne base par défaut a été conservée : " + cible);
         return true;
     }
-
-    void Ajouter(std::string_view extension)
-    {
-        texte_.append("|").append(extension);
-        Retenir(extension);
-    }
-
-private:
-    void Retenir(std::string_view extension)
-    {
-        if (connues_.emplace(extension).second)
-            parLongueur_[extension.size()].append("|").append(extension);
-    }
-
-    // A part of a longer one, or across the separators.
-    bool Cherchee(std::string_view extension) const
-    {
-        if (extension.find('|') != std::string_view::npos)
-            return texte_.find(extension) != std::string::npos;
-        for (auto place = parLongueur_.upper_bound(extension.size()); place != parLongueur_.end(); ++place) {
-            if (place->second.find(extension) != std::string::npos)
-                return true;
-        }
-        return false;
-    }
-
-    std::string texte_;
-    std::set<std::string, std::less<>> connues_;
-    std::map<size_t, std::string> parLongueur_;
-};
-
-Extensions extensions;
-
-std::string CheminHabituel()
-{
-    return DossierProgramme() + "/velour.vlr";
+    return false;
 }
 
 void AjouterPieces(Base& base)
@@ -99,16 +68,6 @@ void AjouterPieces(Base& base)
 
 }  // namespace
 
-const std::string& BaseCourante()
-{
-    return baseCourante;
-}
-
-void FixerBaseCourante(const std::string& chemin)
-{
-    baseCourante = chemin;
-}
-
 std::string CheminModele()
 {
     return DossierProgramme() + "/Data.z";
@@ -128,66 +87,84 @@ void InitialiserBase()
 {
     RelireBaseCourante();
     GarantirBase(true);
-    Base base = OpenDatabase(baseCourante);
+    Base base = OpenDatabase(BaseCourante());
     AjouterPieces(base);
 
     Recordset liste = base.OpenRecordset("select * from LE");
-    extensions.Charger(liste.RecordCount() > 0 ? liste.Texte("Data") : std::string_view());
+    ChargerListeExtensions(liste.RecordCount() > 0 ? liste.Texte("Data") : std::string_view());
+}
+
+void NettoyerRestes()
+{
+    const std::string base = BaseCourante();
+    const size_t barre = base.rfind('/');
+    for (const std::string& dossier : {barre == base.npos ? DossierProgramme() : base.substr(0, barre + 1),
+                                       DossierProgramme(), DossierCache(), DossierConfiguration()})
+        NettoyerBrouillons(dossier);
+    NettoyerIndexNoms();
 }
 
 bool GarantirBase(bool memoriser)
 {
-    if (FichierExiste(baseCourante))
+    if (FichierExiste(BaseCourante()))
         return false;
-    CopierModele(CheminBaseParDefaut());
-    baseCourante = CheminBaseParDefaut();
-    if (memoriser)
-        SaveSetting(SectionSettings, CleBaseCourante, baseCourante);
+    PoserBaseParDefaut();
+    if (memoriser) {
+        FixerBaseCourante(CheminBaseParDefaut());
+        SaveSetting(SectionSettings, CleBaseCourante, CheminBaseParDefaut());
+    } else {
+        // Kept, particularité Xrien1.
+        FixerRemplacante(CheminBaseParDefaut(), BaseReglee());
+    }
     return true;
+}
+
+bool PoserBaseParDefaut()
+{
+    const std::string chemin = CheminBaseParDefaut();
+    return (!PeutTenirDesMedias(chemin) || MettreDeCote(chemin)) && CopierModele(chemin);
 }
 
 bool CopierModele(const std::string& cible)
 {
-    // What a crash left beside the old file must not be played into the new one.
-    SupprimerFichier(cible + "-journal");
-    SupprimerFichier(cible + "-wal");
     if (FichierExiste(CheminModele()))
-        return CopierFichier(CheminModele(), cible);
+        return PoserCopie(CheminModele(), cible);
     return CreerBaseVide(cible);
 }
 
 void RelireBaseCourante()
 {
-    baseCourante = GetSetting(SectionSettings, CleBaseCourante, CheminHabituel());
+    const std::string reglee = BaseReglee();
+    if (reglee != BaseRemplacee() || FichierExiste(reglee))
+        FixerBaseCourante(reglee);
 }
 
 void CompacterBase()
 {
     RelireBaseCourante();
     const std::string copie = DossierProgramme() + "/temp.db";
-    if (BaseARendre(baseCourante) && CompactDatabase(baseCourante, copie))
-        CopierFichier(copie, baseCourante);
+    const std::string base = BaseCourante();
+    if (BaseARendre(base) && CompactDatabase(base, copie))
+        PoserCopie(copie, base);
     SupprimerFichier(copie);
 }
 
-void SupprimerMedia(std::string_view numero)
+void SupprimerMedia(std::string_view numero, const std::string& chemin)
 {
     if (numero.empty())
         return;
-    Base base = OpenDatabase(baseCourante);
-    const bool transaction = base.CommencerTransaction();
+    Base base = OpenDatabase(chemin);
+    Transaction transaction(base);  // does nothing inside another
     const bool fait = base.Execute("delete * from Liste where NCatalogue = " + std::string(numero)) &&
                       base.Execute("delete * from Catalogue where Num = " + std::string(numero));
-    if (transaction && fait)
-        base.Valider();
-    else if (transaction)
-        base.Annuler();
+    if (fait)
+        transaction.Valider();
     FixerAbandon(true);
 }
 
-bool ModifierCatalogue(int64_t numero, bool drapeau, std::string_view arbre)
+bool ModifierCatalogue(int64_t numero, bool drapeau, std::string_view arbre, const std::string& chemin)
 {
-    Base base = OpenDatabase(baseCourante);
+    Base base = OpenDatabase(chemin);
     Recordset media =
         base.OpenRecordset("select * from Catalogue where Num = " + std::to_string(numero) + " order by Identifiant");
     if (media.RecordCount() == 0)
@@ -201,28 +178,16 @@ bool ModifierCatalogue(int64_t numero, bool drapeau, std::string_view arbre)
     return true;
 }
 
-const std::string& ListeExtensions()
+bool EnregistrerExtensions(const std::string& chemin)
 {
-    return extensions.Texte();
-}
-
-bool AjouterExtension(std::string_view extension)
-{
-    if (extensions.Contient(extension))
-        return false;
-    extensions.Ajouter(extension);
-    return true;
-}
-
-bool EnregistrerExtensions()
-{
-    Base base = OpenDatabase(baseCourante);
+    Base base = OpenDatabase(chemin);
     Recordset liste = base.OpenRecordset("LE");
     if (liste.Eof())
         liste.AddNew();
     else
         liste.Edit();
-    liste.Poser("Data", ListeExtensions().empty() ? std::string_view(" ") : std::string_view(ListeExtensions()));
+    const std::string extensions = ListeExtensions();
+    liste.Poser("Data", extensions.empty() ? std::string_view(" ") : std::string_view(extensions));
     if (!liste.Update())
         return false;
     liste.Bookmark(liste.LastModified());
@@ -237,24 +202,4 @@ bool ExtractionAbandonnee()
 void FixerAbandon(bool abandonner)
 {
     abandon = abandonner;
-}
-
-bool ArbreARecharger()
-{
-    return arbreARecharger;
-}
-
-void FixerArbreARecharger(bool recharger)
-{
-    arbreARecharger = recharger;
-}
-
-bool IconesARecharger()
-{
-    return iconesARecharger;
-}
-
-void FixerIconesARecharger(bool recharger)
-{
-    iconesARecharger = recharger;
 }

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <filesystem>
 
 #include <fmt/format.h>
 
 #include "commun/Motif.h"
+#include "commun/NombresCompacts.h"
 #include "platform/Chemins.h"
 #include "platform/Fichier.h"
 #include "platform/OperationsFichiers.h"
@@ -16,14 +18,15 @@ namespace {
 
 // A base changes its file's counter at the first write of each opening.
 struct EtatBase {
-    std::array<char, 8> magie = {'v', 'l', 'n', 'o', 'm', 's', '1', '\n'};
+    std::array<char, 8> magie = {'v', 'l', 'n', 'o', 'm', 's', '2', '\n'};
     EtatFichier fichier;
     std::array<uint8_t, 4> compteur{};
-    std::array<uint8_t, 4> reserve{};
+    uint32_t tailleChemin = 0;  // of the path of the base, which follows
     bool operator==(const EtatBase&) const = default;
 };
 
-// Behind it the steps from each row's number to the next, then a line per row: the folded name, a tab and alias.
+// First of a block: behind it the steps from each row's number to the next, then a line per row: the folded name, a tab
+// and alias.
 struct EnTeteBloc {
     int64_t premier = 0;  // number from which the first step counts
     uint32_t tailleNumeros = 0;
@@ -31,12 +34,13 @@ struct EnTeteBloc {
 };
 
 constexpr size_t TailleBloc = 256 * 1024;
+constexpr const char* SuiteIndex = ".noms";
+constexpr size_t LongueurMarque = 6;  // of the mark, its version left out
 
-bool LireEtatBase(const std::string& base, EtatBase& etat)
+bool LireEtatBase(const std::string& chemin, Base& base, EtatBase& etat)
 {
-    constexpr uint64_t placeCompteur = 24;
-    return LireEtatFichier(base, etat.fichier) &&
-           Fichier(base).Lire(placeCompteur, etat.compteur.data(), etat.compteur.size()) == etat.compteur.size();
+    etat.tailleChemin = static_cast<uint32_t>(chemin.size());
+    return base.Ouverte() && LireEtatFichier(chemin, etat.fichier) && base.LireCompteur(etat.compteur);
 }
 
 // One file per base, named after its path.
@@ -45,7 +49,7 @@ std::string CheminIndex(const std::string& base)
     uint64_t empreinte = 14695981039346656037U;  // FNV-1a
     for (const char c : base)
         empreinte = (empreinte ^ static_cast<unsigned char>(c)) * 1099511628211U;
-    return fmt::format("{}/{:016x}.noms", DossierCache(), empreinte);
+    return fmt::format("{}/{:016x}{}", DossierCache(), empreinte, SuiteIndex);
 }
 
 template <typename Enregistrement>
@@ -63,11 +67,7 @@ public:
     {
         if (textes_.empty())
             bloc_.premier = dernier_;
-        for (uint64_t pas = static_cast<uint64_t>(numero - dernier_);; pas >>= 7) {
-            numeros_ += static_cast<char>(pas < 0x80 ? pas : pas | 0x80);
-            if (pas < 0x80)
-                break;
-        }
+        AjouterNombre(numeros_, static_cast<uint64_t>(numero - dernier_));
         dernier_ = numero;
         AjouterTexte(nom);
         if (!alias.empty()) {
@@ -114,15 +114,13 @@ void ChercherDansBloc(const EnTeteBloc& bloc, std::string_view numeros, std::str
     size_t lues = 0;  // lines whose numbers were taken
     const auto avancerA = [&](size_t ligne) {
         for (; lues <= ligne; ++lues) {
-            uint64_t pas = 0;
-            for (int decalage = 0; !numeros.empty() && decalage < 64; decalage += 7) {
-                const auto octet = static_cast<unsigned char>(numeros.front());
+            numero += LireNombre([&numeros]() -> uint8_t {
+                if (numeros.empty())
+                    return 0;
+                const auto octet = static_cast<uint8_t>(numeros.front());
                 numeros.remove_prefix(1);
-                pas |= static_cast<uint64_t>(octet & 0x7F) << decalage;
-                if (octet < 0x80)
-                    break;
-            }
-            numero += pas;
+                return octet;
+            });
         }
     };
 
@@ -150,11 +148,37 @@ bool IndexDe(const Fichier& index, const EtatBase& etat)
 
 }  // namespace
 
+void NettoyerIndexNoms()
+{
+    std::error_code erreur;
+    std::vector<std::string> perdus;
+    const std::filesystem::directory_iterator fin;
+    for (std::filesystem::directory_iterator entree(DossierCache(), erreur); !erreur && entree != fin;
+         entree.increment(erreur)) {
+        const std::string chemin = entree->path().string();
+        if (!chemin.ends_with(SuiteIndex))
+            continue;
+        const Fichier index(chemin);
+        const EtatBase attendu;
+        EtatBase etat;
+        if (index.Lire(0, &etat, sizeof etat) != sizeof etat ||
+            !std::equal(etat.magie.begin(), etat.magie.begin() + LongueurMarque, attendu.magie.begin()))
+            continue;
+        std::string base(std::min<uint64_t>(etat.tailleChemin, index.Taille()), '\0');
+        const bool connue =
+            etat.magie == attendu.magie && index.Lire(sizeof etat, base.data(), base.size()) == base.size();
+        if (!connue || !FichierExiste(base) || CheminIndex(base) != chemin)
+            perdus.push_back(chemin);
+    }
+    for (const std::string& chemin : perdus)
+        SupprimerFichier(chemin);
+}
+
 bool PreparerIndexNoms(const std::string& base, const std::stop_token& arret)
 {
     Base ouverte = OpenDatabase(base, arret);
     EtatBase etat;
-    if (!ouverte.Ouverte() || !LireEtatBase(base, etat))
+    if (!LireEtatBase(base, ouverte, etat))
         return false;
     const std::string chemin = CheminIndex(base);
     if (IndexDe(Fichier(chemin), etat))
@@ -163,7 +187,7 @@ bool PreparerIndexNoms(const std::string& base, const std::stop_token& arret)
         chemin,
         [&](const Versement& verser) {
             Ecriture ecriture(verser);
-            return verser(Octets(etat)) &&
+            return verser(Octets(etat)) && verser(base) &&
                    ouverte.ParcourirNoms([&](int64_t numero, std::string_view nom, std::string_view alias) {
                        return ecriture.Ajouter(numero, nom, alias);
                    }) &&
@@ -175,8 +199,11 @@ bool PreparerIndexNoms(const std::string& base, const std::stop_token& arret)
 std::optional<std::vector<int64_t>> CandidatsNoms(const std::string& base, std::string_view motif)
 {
     const std::string partie = PartieFixe(motif);
+    if (partie.empty() || partie.find('\n') != partie.npos)
+        return std::nullopt;
+    Base ouverte = OpenDatabase(base);
     EtatBase etat;
-    if (partie.empty() || partie.find('\n') != partie.npos || !LireEtatBase(base, etat))
+    if (!LireEtatBase(base, ouverte, etat))
         return std::nullopt;
     const Fichier index(CheminIndex(base));
     if (!IndexDe(index, etat))
@@ -185,7 +212,7 @@ std::optional<std::vector<int64_t>> CandidatsNoms(const std::string& base, std::
     std::vector<int64_t> trouves;
     std::string octets;
     EnTeteBloc bloc;
-    for (uint64_t position = sizeof etat; position < index.Taille(); position += octets.size()) {
+    for (uint64_t position = sizeof etat + etat.tailleChemin; position < index.Taille(); position += octets.size()) {
         if (index.Lire(position, &bloc, sizeof bloc) != sizeof bloc)
             return std::nullopt;
         position += sizeof bloc;

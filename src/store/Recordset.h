@@ -8,7 +8,8 @@
 struct Connexion;
 
 // The rows of a select or a table, in order, with one current row. A record set that failed to open is empty, and all
-// its operations do nothing. Fields are named without regard to case; texts are UTF-8 and may hold NULs.
+// its operations do nothing. Fields are named without regard to case; texts are UTF-8 and may hold NULs. For the
+// thread that uses the store.
 class Recordset {
 public:
     Recordset();

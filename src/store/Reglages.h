@@ -3,8 +3,10 @@
 #include <string>
 #include <string_view>
 
+#include "store/ClesReglages.h"
+
 // The user's settings: sections of keys with text values, kept in one file of the configuration directory that only the
-// user may read. Safe to call from any thread.
+// user may read. Texts are UTF-8. Any thread may call all of this.
 
 // The stored text, or the default when the key was never written.
 std::string GetSetting(std::string_view section, std::string_view cle, std::string_view defaut);
@@ -19,14 +21,3 @@ bool SaveSettingNombre(std::string_view section, std::string_view cle, double va
 
 // Reads the file again at the next look-up (tests and tools that move the configuration directory).
 void OublierReglages();
-
-inline constexpr std::string_view SectionSettings = "Settings";
-inline constexpr std::string_view SectionDescriptions = "Descriptions";
-inline constexpr std::string_view SectionFreedb = "Freedb";
-inline constexpr std::string_view SectionOptions = "Options";
-inline constexpr std::string_view SectionPropriete = "Propriete";
-inline constexpr std::string_view SectionLvListView = "LvListView";
-inline constexpr std::string_view SectionRecLvListView = "RecLvListView";
-inline constexpr std::string_view SectionTypes = "Types";
-
-inline constexpr std::string_view CleBaseCourante = "BaseCourante";

@@ -3,6 +3,7 @@
 #include "catalogue/Cles.h"
 #include "commun/Formes.h"
 #include "platform/FormesLocales.h"
+#include "platform/Locale.h"
 
 TEST(Textes, TailleEtCapacite)
 {
@@ -62,4 +63,11 @@ TEST(Textes, DateEtHeureLocales)
     EXPECT_EQ(DateFichier(temps), "20040715");
     EXPECT_EQ(HeureFichier(temps), "00:30:05");
     EXPECT_EQ(DateFichier(0), "19800101");
+    EXPECT_EQ(TempsDepuis1601(-11'644'473'600, 100), 1);
+    for (const auto& [loin, date] : {std::pair{INT64_MAX, "99991231"},
+                                     {INT64_MIN, "00010101"},
+                                     {TempsDepuis1601(INT64_MAX, 999'999'999), "99991231"},
+                                     {TempsDepuis1601(INT64_MIN, 0), "00010101"},
+                                     {TempsDepuis1601(500'000'000'000, 0), "99991231"}})
+        EXPECT_EQ(DateFichier(loin), date);
 }

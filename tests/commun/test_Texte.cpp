@@ -75,7 +75,11 @@ TEST(Locale, Nombres)
 TEST(Locale, DatesEtHeures)
 {
     const DateHeure ete = EnDateLocale((1'057'752'000 + 11'644'473'600) * 10'000'000);  // noon UTC, 9 July 2003
-    EXPECT_EQ(DateCourte(ete), "09/07/2003");
+    EXPECT_EQ(DateCourteEntiere(ete), "09/07/2003");
+    DateHeure lue;
+    ASSERT_TRUE(LireDateCourte("09/07/2003", lue));
+    EXPECT_EQ(std::tuple(lue.annee, lue.mois, lue.jour), std::tuple(2003, 7, 9));
+    EXPECT_FALSE(LireDateCourte("31/02/2003", lue));
     EXPECT_EQ(HeureLongue(ete.heure, ete.minute, ete.seconde), "14:00:00");
     EXPECT_EQ(HeureLongue(24, 0, 0), "");
     EXPECT_EQ(EnDateLocale(11'644'473'600 * 10'000'000 - 1).seconde, 59);  // rounded down before 1970 too

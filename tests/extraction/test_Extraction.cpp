@@ -1,8 +1,12 @@
+#include <sys/mman.h>
+
 #include <algorithm>
+#include <atomic>
 #include <map>
 #include <thread>
 
 #include "extraction/bsDrive.h"
+#include "outils/Brut.h"
 #include "outils/Enfant.h"
 #include "outils/ExtractionTest.h"
 #include "platform/Lecteurs.h"
@@ -39,7 +43,7 @@ TEST_F(ExtractionTest, UneArborescenceEntiere)
     const ReponseMedia media = Inscrire("CD1", "Disque un");
     ASSERT_TRUE(media.accepte);
     SaveSetting(SectionSettings, "OptionsDivers 2", "1");
-    Extraction extraction(media.numero, lettre_, 1536, false);
+    Extraction extraction(media.base, media.numero, lettre_, 1536, false);
     EXPECT_EQ(extraction.Lire().pourcentage, "");
     ASSERT_EQ(extraction.Executer(), FinExtraction::Complete);
     EXPECT_EQ(extraction.Lire().pourcentage, "100 %");
@@ -73,7 +77,8 @@ TEST_F(ExtractionTest, LecteurVideOuDeCapaciteNulle)
     EXPECT_EQ(compteurs_.repertoires + compteurs_.fichiers, 0);
 
     Ecrire(disque_ / "ignore.txt", "x");
-    ASSERT_EQ(Extraction(Inscrire("A", "Audio").numero, lettre_, 0, true).Executer(), FinExtraction::Complete);
+    ASSERT_EQ(Extraction(BaseCourante(), Inscrire("A", "Audio").numero, lettre_, 0, true).Executer(),
+              FinExtraction::Complete);
     EXPECT_EQ(Compter(Entrees), 2);
 }
 
@@ -98,14 +103,17 @@ TEST_F(ExtractionTest, NomsEtEntreesHostiles)
     for (const std::string& nom : noms)
         Ecrire(disque_ / nom, "x");
     Ecrire(disque_ / "d;o#s" / "f", "x");
+    Ecrire(disque_ / "barre\\" / "f", "x");
     Executer("cd disque && ln -s . boucle && ln -s /nulle/part casse && mkfifo tube.exe");
 
     ASSERT_EQ(Lire(Inscrire("l'identifiant", "l'hostile").numero), FinExtraction::Complete);
     const std::vector<std::string> lus = Lignes(Entrees, {"Nom", "attribut"});
     for (const std::string& nom : noms)
         EXPECT_EQ(std::count(lus.begin(), lus.end(), nom + "|.....a...."), 1) << nom;
-    EXPECT_EQ(compteurs_.fichiers, 9);
-    EXPECT_EQ(compteurs_.repertoires, 1);
+    EXPECT_EQ(compteurs_.fichiers, 10);
+    EXPECT_EQ(compteurs_.repertoires, 2);
+    EXPECT_EQ(std::count(lus.begin(), lus.end(), "barre\\|D"), 1);
+    EXPECT_NE((Lignes("select * from Catalogue", {"Tree"})[0] + ";").find("#barre\\;"), std::string::npos);
     EXPECT_EQ(Lignes("select * from Liste where Nom = 'tube.exe'", {"Taille"})[0], "0 b");
     EXPECT_EQ(Lignes("select * from Catalogue", {"Identifiant", "Label"})[0], "l'identifiant|l'hostile");
 }
@@ -143,7 +151,7 @@ TEST_F(ExtractionTest, TueEnPleinTravail)
 {
     Remplir(2000);
     EXPECT_FALSE(DansUnEnfant([this] {
-        Extraction extraction(Inscrire("K", "Tué").numero, lettre_, 1, false);
+        Extraction extraction(BaseCourante(), Inscrire("K", "Tué").numero, lettre_, 1, false);
         std::thread([&] { extraction.Executer(); }).detach();
         while (extraction.Lire().compteurs.fichiers == 0)
             std::this_thread::yield();
@@ -155,6 +163,70 @@ TEST_F(ExtractionTest, TueEnPleinTravail)
     EXPECT_EQ(dialogues_.dites.back(), "Le média avec l'identifiant : \"K\" existe, voulez vous le remplacer ?");
     EXPECT_EQ(Lire(reprise.numero), FinExtraction::Complete);
     EXPECT_EQ(Compter(Entrees), 2021);
+}
+
+// The base lies on the drive that is read, as it does by default: nobody else gets at it meanwhile.
+TEST_F(ExtractionTest, LaBaseResteFermeeAuxAutresPendantQuElleEstLue)
+{
+    struct Partage {
+        std::atomic<bool> ouverte, fin;
+        std::atomic<int> tours, ouvertures;
+    };
+    void* memoire = mmap(nullptr, sizeof(Partage), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    ASSERT_NE(memoire, MAP_FAILED);
+    auto* partage = new (memoire) Partage{};
+    const std::string base = (disque_ / "base.exe").string();
+    CreerBaseVide(base);
+    SaveSetting(SectionSettings, CleBaseCourante, base);
+    RelireBaseCourante();
+    fs::create_hard_link(base, disque_ / "la même.exe");
+    Remplir(200);
+    const pid_t autre = fork();
+    if (autre == 0) {
+        for (; !partage->fin; ++partage->tours)
+            partage->ouvertures += partage->ouverte && OpenDatabase(base).Ouverte();
+        _exit(0);
+    }
+    const ReponseMedia media = Inscrire("B", "Base");
+    {
+        const Base retenue = OpenDatabase(base);
+        ASSERT_TRUE(retenue.Ouverte());
+        partage->ouverte = true;
+        EXPECT_EQ(Lire(media.numero), FinExtraction::Complete);
+        const auto attendre = [&] {
+            for (const int avant = partage->tours; partage->tours < avant + 3;)
+                std::this_thread::yield();
+        };
+        attendre();
+        partage->ouverte = false;
+        attendre();  // a try that had begun is over
+    }
+    partage->fin = true;
+    waitpid(autre, nullptr, 0);
+    EXPECT_EQ(partage->ouvertures, 0);
+    EXPECT_EQ(Compter("select * from Liste where Nom like '*.exe'"), 2);
+    EXPECT_EQ(Brut(base, "pragma integrity_check"), std::vector<std::string>{"ok"});
+    munmap(memoire, sizeof(Partage));
+}
+
+// The list of extensions is kept although nothing of the media is.
+TEST_F(ExtractionTest, AbandonneeEnChemin)
+{
+    Remplir(500);
+    for (int i = 0; i < 500; ++i)
+        Ecrire(disque_ / ("z" + std::to_string(i) + ".zzy"), "");
+    Extraction extraction(BaseCourante(), Inscrire("G", "Abandonnée").numero, lettre_, 1, false);
+    std::thread abandon([&] {
+        while (extraction.Lire().compteurs.fichiers == 0)
+            std::this_thread::yield();
+        extraction.Abandonner();
+    });
+    const FinExtraction fin = extraction.Executer();
+    abandon.join();
+    if (fin != FinExtraction::Abandonnee)
+        GTEST_SKIP() << "read before it could be given up";
+    RienNeReste();
+    EXPECT_EQ(Lignes("select * from LE", {"Data"})[0], ListeExtensions().empty() ? " " : ListeExtensions());
 }
 
 TEST_F(ExtractionTest, DisquePlein)

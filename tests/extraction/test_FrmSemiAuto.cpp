@@ -6,6 +6,7 @@
 #include "extraction/FrmGetDrive.h"
 #include "extraction/FrmResultat.h"
 #include "extraction/RangeeOnglets.h"
+#include "fenetres/Etiquette.h"
 #include "fenetres/TravailFenetre.h"
 #include "outils/ExtractionTest.h"
 #include "outils/Fenetres.h"
@@ -53,6 +54,12 @@ protected:
         menu_ = Enfant<RangeeOnglets>(*fenetre_, "Menu");
         menuA_ = Enfant<RangeeOnglets>(*fenetre_, "MenuA");
         ok_ = Enfant<QPushButton>(*fenetre_, "OK");
+        Consulter();
+    }
+    // The drives are asked beside the window.
+    void Consulter()
+    {
+        ASSERT_TRUE(Attendre([&] { return !fenetre_->EnConsultation(); }));
     }
 
     // Presses the tab of the test's own folder.
@@ -61,6 +68,7 @@ protected:
         RangeeOnglets* rangee = menu_->Position(lettre_) != RangeeOnglets::Aucun ? menu_ : menuA_;
         ASSERT_NE(rangee->Position(lettre_), RangeeOnglets::Aucun);
         rangee->Onglet(rangee->Position(lettre_))->click();
+        Consulter();
     }
 
     void Saisir(const char* identifiant, const char* nom)
@@ -104,6 +112,69 @@ void LireResultat(QTimer& minuterie, std::vector<std::string>& lignes)
 
 }  // namespace
 
+// What is painted: dark ink on light for the chosen tab, white on dark for the others, in light and dark desktops.
+TEST_F(Assistant, TabsAreReadableInAllColours)
+{
+    const auto extremes = [](QToolButton* onglet) {
+        const QImage image = onglet->grab().toImage();
+        int clair = 0, sombre = 255;
+        for (int y = 3; y < image.height() - 3; ++y)
+            for (int x = 3; x < image.width() - 3; ++x) {
+                clair = std::max(clair, qGray(image.pixel(x, y)));
+                sombre = std::min(sombre, qGray(image.pixel(x, y)));
+            }
+        return std::tuple(clair, sombre, qGray(image.pixel(image.width() / 2, 4)));
+    };
+    const QPalette avant = QApplication::palette();
+    for (const QColor fond : {QColor(Qt::white), QColor(32, 32, 32)}) {
+        QApplication::setPalette(QPalette(fond));
+        Ouvrir();
+        ASSERT_GE(menuA_->Nombre(), 2);
+        menuA_->Onglet(0)->click();
+        Consulter();
+        for (const bool choisi : {true, false}) {
+            const auto [clair, sombre, papier] = extremes(menuA_->Onglet(choisi ? 0 : 1));
+            EXPECT_GT(clair, 200) << choisi;
+            EXPECT_LT(sombre, 110) << choisi;
+            EXPECT_EQ(papier > 200, choisi);
+            EXPECT_EQ(menuA_->Onglet(choisi ? 0 : 1)->font().bold(), choisi);
+        }
+    }
+    QApplication::setPalette(avant);
+}
+
+TEST_F(Assistant, TheButtonsTextFollowsThePointer)
+{
+    const QColor repos = ok_->palette().color(QPalette::ButtonText);
+    const QPointF la(5, 5);
+    QEnterEvent entree(la, la, la);
+    QApplication::sendEvent(ok_, &entree);
+    EXPECT_NE(ok_->palette().color(QPalette::ButtonText), repos);
+    QEvent sortie(QEvent::Leave);
+    QApplication::sendEvent(ok_, &sortie);
+    EXPECT_EQ(ok_->palette().color(QPalette::ButtonText), repos);
+}
+
+TEST_F(Assistant, SaysThatTheBaseCanNotBeOpened)
+{
+    const auto ligne = [this] { return Enfant<Etiquette>(*fenetre_, "Ligne")->text().toStdString(); };
+    Saisir("CD1", "Disque un");
+    Ecrire(BaseCourante(), "pas une base");
+    ok_->click();
+    EXPECT_EQ(ligne(), "La base n'a pas pu être ouverte : le média n'a pas été ajouté au catalogue.");
+    EXPECT_FALSE(fenetre_->EnCours());
+    EXPECT_TRUE(questions_.dites.empty());
+}
+
+TEST_F(Assistant, TellsWhereADefaultBaseWithMediaHasGone)
+{
+    Inscrire("CD0", "Disque zéro");
+    FixerBaseCourante((travail_ / "debranchee.vlr").string());
+    Ouvrir();
+    EXPECT_NE(Enfant<Etiquette>(*fenetre_, "Ligne")->text().indexOf("/defaut 2"), -1);
+    EXPECT_EQ(Compter(Medias), 0);
+}
+
 TEST_F(Assistant, RemembersTheTab)
 {
     ASSERT_GE(menuA_->Nombre(), 2);
@@ -116,12 +187,14 @@ TEST_F(Assistant, RemembersTheTab)
     menuA_->Onglet(0)->click();
     SaveSetting(SectionSettings, "Drive", "A" + std::to_string(dernier));
     Enfant<QPushButton>(*fenetre_, "Actualiser")->click();
+    Consulter();
     EXPECT_EQ(menuA_->Choisi(), dernier);
 
     // No tab, one that has gone, and nonsense all fall to the default.
     for (const char* valeur : {"A99", "57", "-3", "x"}) {
         SaveSetting(SectionSettings, "Drive", valeur);
         Enfant<QPushButton>(*fenetre_, "Actualiser")->click();
+        Consulter();
         EXPECT_EQ((menu_->Nombre() > 0 ? menu_ : menuA_)->Choisi(), 0) << valeur;
     }
 }
@@ -132,6 +205,7 @@ TEST_F(Assistant, HidingTheDetailsGivesUpADriveNoLongerSeen)
     auto* etapes = Enfant<QPushButton>(*fenetre_, "Etapes");
     EXPECT_EQ(etapes->text().remove('&'), " Cacher Détails ");
     etapes->click();
+    Consulter();
     EXPECT_EQ(menuA_->Choisi(), RangeeOnglets::Aucun);
     EXPECT_EQ(ok_->isEnabled(), menu_->Nombre() > 0);
     EXPECT_EQ(Reglage("Methode"), " Montrer Détails ");
@@ -139,6 +213,7 @@ TEST_F(Assistant, HidingTheDetailsGivesUpADriveNoLongerSeen)
     Ouvrir();
     EXPECT_TRUE(Enfant<QWidget>(*fenetre_, "Details")->isHidden());
     Enfant<QPushButton>(*fenetre_, "Etapes")->click();
+    Consulter();
     EXPECT_TRUE(ok_->isEnabled());
     EXPECT_EQ(Reglage("Methode"), " Cacher Détails ");
 }
@@ -253,6 +328,7 @@ TEST_F(Assistant, DriveChooserKeepsTheLetter)
     Inscrire("CD 1", "Vacances");
     FrmGetDrive choix({"Vacances", "CD 1", "", " L'unité actuelle : D:"});
     auto* liste = choix.findChild<QTreeWidget*>();
+    ASSERT_TRUE(Attendre([&] { return liste->topLevelItemCount() > 0; }));
     const auto lettres = LettresMachine();
     const auto rang = std::find(lettres.begin(), lettres.end(), lettre_) - lettres.begin();
     liste->setCurrentItem(liste->topLevelItem(static_cast<int>(rang)));

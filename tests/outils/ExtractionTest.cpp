@@ -33,7 +33,7 @@ ReponseMedia EnvironnementExtraction::Inscrire(const std::string& identifiant, c
 
 FinExtraction EnvironnementExtraction::Lire(int64_t media)
 {
-    Extraction extraction(media, lettre_, 1000, false);
+    Extraction extraction(BaseCourante(), media, lettre_, 1000, false);
     const FinExtraction fin = extraction.Executer();
     compteurs_ = extraction.Lire().compteurs;
     return fin;

@@ -84,6 +84,14 @@ TEST(Montages, NumerosDeSerie)
     EXPECT_EQ(SerieDepuisUuid("tmpfs", ""), 0U);
 }
 
+TEST(Montages, SystemesFat)
+{
+    for (const char* fat : {"vfat", "msdos", "FAT32", "fat"})
+        EXPECT_TRUE(EstSystemeFat(fat)) << fat;
+    for (const char* autre : {"exfat", "ext4", "ntfs3", "iso9660", ""})
+        EXPECT_FALSE(EstSystemeFat(autre)) << autre;
+}
+
 TEST_F(Lettres, DossierCommeLecteur)
 {
     const std::vector<char> machineSeule = LettresMachine();

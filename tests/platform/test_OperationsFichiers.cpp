@@ -4,7 +4,6 @@
 #include "outils/Enfant.h"
 #include "outils/Environnement.h"
 #include "platform/Bureau.h"
-#include "platform/Ceder.h"
 #include "platform/Chemins.h"
 #include "platform/Lecteurs.h"
 #include "platform/OperationsFichiers.h"
@@ -64,6 +63,28 @@ TEST_F(FichiersPropres, RemplacementEntier)
     EXPECT_EQ(Nombre(), 4);
 }
 
+TEST_F(FichiersPropres, SeulsLesBrouillonsDesMortsPartent)
+{
+    pid_t mort = 0;
+    EXPECT_FALSE(DansUnEnfant([&] {
+        return EcrireFichier(
+            Chemin("cible"), [](const Versement& verser) { return verser("x") && Mourir(); }, false);
+    }));
+    ASSERT_EQ(Nombre(), 1);
+    const std::string brouillon = fs::directory_iterator(travail_)->path().string();
+    ASSERT_EQ(sscanf(brouillon.substr(brouillon.rfind('/')).c_str(), "/.velourne-brouillon-%d-", &mort), 1);
+    const std::string debut = ".velourne-brouillon-", numero = std::to_string(mort);
+    for (const std::string& nom : {debut + std::to_string(getpid()) + "-1", debut + numero, debut + numero + "-1007x",
+                                   debut + "-1-1", ".velourne-" + numero + "-1", "a" + debut + numero + "-1"})
+        Ecrire(travail_ / nom, "à garder");
+    fs::create_directory(Chemin((debut + numero + "-1007").c_str()));
+    fs::create_symlink("cible", Chemin((debut + numero + "-1008").c_str()));
+    NettoyerBrouillons(travail_.string());
+    NettoyerBrouillons(Chemin("absent"));
+    EXPECT_FALSE(FichierExiste(brouillon));
+    EXPECT_EQ(Nombre(), 8);
+}
+
 TEST_F(FichiersPropres, CheminsDesDeuxEcritures)
 {
     DonnerLettre('t', travail_.string());
@@ -94,20 +115,6 @@ TEST_F(FichiersPropres, OuvertureParLeBureau)
     EXPECT_FALSE(OuvrirAvecBureau("/tmp"));
     setenv("PATH", avant.c_str(), 1);
     fs::current_path(ici);
-}
-
-TEST(Ceder, SeulLeFilDeLaFenetrePompe)
-{
-    int passages = 0;
-    FixerPompe([&] {
-        ++passages;
-        Ceder();  // may be met again inside
-    });
-    std::thread([] { Ceder(); }).join();
-    EXPECT_EQ(passages, 0);
-    Ceder();
-    EXPECT_EQ(passages, 1);
-    FixerPompe(nullptr);
 }
 
 TEST(TypesSysteme, ParExtensionSeulement)

@@ -110,6 +110,30 @@ TEST_F(ParcoursDossier, SeulsLesFichiersOrdinairesSOuvrent)
         EXPECT_FALSE(parcours.Entrer(nom)) << nom;
 }
 
+TEST_F(ParcoursDossier, CeQuiEstAuMoteurNeSOuvrePas)
+{
+    Executer("for nom in base.vlr base.vlr-journal autre-journal temp.db; do echo x > $nom; done; ln base.vlr double");
+    Executer("echo x > ../programme/temp.db");
+    const auto ouverts = [](char lettre) {
+        std::string noms;
+        Parcours parcours(lettre);
+        for (const auto& [nom, entree] : Entrees(parcours))
+            noms += parcours.Ouvrir(entree).Ouvert() ? nom + ' ' : "";
+        return noms;
+    };
+    const std::string base = (travail_ / "base.vlr").string(), chemin = (travail_ / "double").string();
+    DonnerLettre('u', programme_.string());
+    {
+        FichierReserve reserve, second;
+        EXPECT_TRUE(reserve.Prendre(base));
+        EXPECT_FALSE(second.Prendre(chemin));
+        EXPECT_EQ(ouverts('t') + ouverts('u'), "autre-journal temp.db ");
+        EXPECT_FALSE(Fichier(chemin).Ouvert());
+    }
+    EXPECT_EQ(ouverts('t') + ouverts('u'), "autre-journal base.vlr base.vlr-journal double temp.db ");
+    EXPECT_TRUE(Fichier(chemin).Ouvert());
+}
+
 TEST_F(ParcoursDossier, ProfondeurSansLimite)
 {
     constexpr int niveaux = 500;

@@ -65,19 +65,25 @@ constexpr const char* Visualiser = "Visualiser et rechercher les informations co
 
 TEST_F(Depart, CommentsOnHoverAndFocus)
 {
-    Bouton("Extraire")->setFocus();
-    Bouton("Extraire")->clearFocus();
     const auto envoyer = [&](const char* nom, QEvent&& evenement) { QApplication::sendEvent(Bouton(nom), &evenement); };
     const QPointF la(5, 5);
     EXPECT_EQ(Commentaire(), Repos);
     envoyer("Visualiser", QEnterEvent(la, la, la));
     EXPECT_EQ(Commentaire(), Visualiser);
-    envoyer("Extraire", QFocusEvent(QEvent::FocusIn));
+    envoyer("Extraire", QFocusEvent(QEvent::FocusIn, Qt::TabFocusReason));
     EXPECT_EQ(Commentaire(), Visualiser) << "the pointer goes before the keyboard";
     envoyer("Visualiser", QEvent(QEvent::Leave));
     EXPECT_EQ(Commentaire(), Extraire);
     envoyer("Extraire", QFocusEvent(QEvent::FocusOut));
     EXPECT_EQ(Commentaire(), Repos);
+    // The window comes to the front, the pointer passes over a button, a key is pressed.
+    envoyer("Extraire", QFocusEvent(QEvent::FocusIn, Qt::ActiveWindowFocusReason));
+    EXPECT_EQ(Commentaire(), Repos);
+    envoyer("Extraire", QEnterEvent(la, la, la));
+    envoyer("Extraire", QEvent(QEvent::Leave));
+    EXPECT_EQ(Commentaire(), Repos);
+    envoyer("Extraire", QKeyEvent(QEvent::KeyPress, Qt::Key_Control, Qt::NoModifier));
+    EXPECT_EQ(Commentaire(), Extraire);
 }
 
 TEST_F(Depart, PlaceIsKeptUnlessOutsideTheScreens)

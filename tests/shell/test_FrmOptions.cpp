@@ -117,6 +117,13 @@ TEST_F(Preferences, SwitchesOfDiversShowAsOnWhileNothingReadsThemSo)
     }
 }
 
+TEST_F(Preferences, CaptionsOfDiversStandAsTheyAreGiven)
+{
+    EXPECT_EQ(Case("Divers0")->text().toStdString(), "      Afficher la grille");
+    EXPECT_EQ(Case("Divers2")->text().toStdString(), "      Afficher les noms des fichiers lors de l'extraction");
+    EXPECT_EQ(Case("Freedb1")->text().toStdString(), "Utiliser le proxy");
+}
+
 TEST_F(Preferences, SwitchesOfFreedbCarryThoseOfDiversAlong)
 {
     for (const auto& [rang, cle] : {std::pair<std::string, const char*>{"0", "BaseLocale"}, {"1", "Proxy"}}) {
@@ -139,7 +146,7 @@ TEST_F(Preferences, SwitchesOfFreedbCarryThoseOfDiversAlong)
 TEST_F(Preferences, GivesALetterToAFolderAndTakesItBack)
 {
     Onglets()->setCurrentIndex(3);
-    ASSERT_TRUE(Lecteur("C:"));
+    ASSERT_TRUE(Attendre([this] { return Lecteur("C:"); }));
     EXPECT_EQ(Lecteur("C:")->text(1), "/");
     Lecteurs()->setCurrentItem(Lecteur("C:"));
     EXPECT_FALSE(Bouton("Retirer")->isEnabled());
@@ -150,7 +157,7 @@ TEST_F(Preferences, GivesALetterToAFolderAndTakesItBack)
     libres->setCurrentIndex(place);
     dialogues_.fichier = travail_.string();
     Bouton("Donner")->click();
-    ASSERT_TRUE(Lecteur("T:"));
+    ASSERT_TRUE(Attendre([this] { return Lecteur("T:"); }));
     EXPECT_EQ(Lecteur("T:")->text(1).toStdString(), travail_);
     EXPECT_EQ(Lecteurs()->currentItem(), Lecteur("T:"));
     EXPECT_EQ(RacineDuLecteur('t'), travail_);
@@ -158,10 +165,10 @@ TEST_F(Preferences, GivesALetterToAFolderAndTakesItBack)
     // A folder that is gone keeps its letter until it is taken away.
     std::filesystem::remove(travail_);
     Ouvrir();
-    ASSERT_TRUE(Lecteur("T:"));
+    ASSERT_TRUE(Attendre([this] { return Lecteur("T:"); }));
     EXPECT_TRUE(Lecteur("T:")->text(1).endsWith(" (absent)"));
     Lecteurs()->setCurrentItem(Lecteur("T:"));
     Bouton("Retirer")->click();
-    EXPECT_FALSE(Lecteur("T:"));
+    EXPECT_TRUE(Attendre([this] { return !Lecteur("T:"); }));
     EXPECT_EQ(Enfant<QComboBox>(*fenetre_, "Libres")->count(), nombre);
 }

@@ -3,6 +3,7 @@
 #include "outils/Environnement.h"
 #include "platform/OperationsFichiers.h"
 #include "store/Base.h"
+#include "store/Transaction.h"
 
 namespace {
 
@@ -186,6 +187,22 @@ TEST_F(BaseStore, TextsAndBinariesKeepEveryByte)
     EXPECT_EQ(relu.Texte("NSerie"), "00123");
     EXPECT_EQ(relu.Texte("Icone"), image);
     EXPECT_TRUE(relu.EstNul("NPret"));
+}
+
+TEST_F(BaseStore, ATransactionThatGoesAwayLeavesNothing)
+{
+    Base base = OpenDatabase(chemin_);
+    Recordset liste = base.OpenRecordset("Liste");
+    for (const bool valider : {false, true}) {
+        Transaction transaction(base);
+        Transaction dedans(base);
+        EXPECT_TRUE(transaction.Ouverte() && !dedans.Ouverte());
+        Ajouter(liste, "a");
+        EXPECT_FALSE(dedans.Valider());
+        EXPECT_EQ(valider && transaction.Valider(), valider);
+        EXPECT_FALSE(valider && transaction.Valider());
+    }
+    EXPECT_EQ(base.OpenRecordset("select * from Liste").RecordCount(), 1);
 }
 
 TEST_F(BaseStore, KilledInMidTransaction)

@@ -1,9 +1,14 @@
+#include <random>
+
 #include "outils/Brut.h"
 #include "outils/Enfant.h"
 #include "outils/Environnement.h"
+#include "platform/Chemins.h"
 #include "platform/OperationsFichiers.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
+#include "store/IndexNoms.h"
+#include "store/PoserBase.h"
 #include "store/Reglages.h"
 
 namespace {
@@ -133,6 +138,35 @@ TEST_F(Cycle, ExtensionListKeepsItsOddities)
     EXPECT_FALSE(AjouterExtension("pg|J"));
 }
 
+TEST_F(Cycle, TheExtensionListAnswersAsAPlainSearchWould)
+{
+    std::mt19937 hasard(7);
+    std::string attendu;
+    const auto ajouter = [&](const std::string& extension) {
+        const bool neuve = attendu.find(extension) == attendu.npos;
+        ASSERT_EQ(AjouterExtension(extension), neuve) << extension << " in " << attendu.size();
+        attendu += neuve ? '|' + extension : "";
+    };
+    ChargerListeExtensions("");
+    for (int i = 0; i < 4000; ++i) {
+        std::string extension(hasard() % 12, ' ');
+        for (char& c : extension)
+            c = "ab|\xC3"[hasard() % 4];
+        ajouter(extension);
+        if (i == 2000)
+            ChargerListeExtensions(attendu);
+    }
+    // A list longer than anyone's: its end is known too, and what lies across the place where the index ends.
+    for (int i = 0; attendu.size() < (size_t{2} << 20) + 5000; ++i)
+        attendu += '|' + std::to_string(i * 7919LL);
+    ChargerListeExtensions(attendu);
+    for (const size_t place : {size_t{1000}, (size_t{2} << 20) - 5, attendu.size() - 10})
+        ajouter(attendu.substr(place, 10));
+    ajouter("zz");
+    ajouter("z");
+    EXPECT_EQ(ListeExtensions(), attendu);
+}
+
 TEST_F(Cycle, CompactionGivesBackAndKeepsTheRows)
 {
     const std::string chemin = BaseGonflee();
@@ -183,13 +217,137 @@ TEST_F(Cycle, MediaIsShownAndDeleted)
               Lignes{"07"});
 }
 
-TEST_F(Cycle, ANewBaseOverACrashedOneIsNotUndoneByItsJournal)
+// Leaves a base as a crash in mid transaction does, its journal beside it.
+void Planter(const std::string& chemin)
 {
-    const std::string chemin = BaseGonflee();
-    Ecrire(chemin + "-journal", "quelque chose");
-    EXPECT_TRUE(CopierModele(chemin));
-    EXPECT_FALSE(FichierExiste(chemin + "-journal"));
-    EXPECT_EQ(OpenDatabase(chemin).OpenRecordset("Catalogue").RecordCount(), 0);
+    EXPECT_FALSE(DansUnEnfant([&] {
+        sqlite3* db = nullptr;
+        sqlite3_open(chemin.c_str(), &db);
+        sqlite3_exec(db, "pragma cache_size = 5; begin; update Liste set Nom = 'x' || Nom; delete from Catalogue",
+                     nullptr, nullptr, nullptr);
+        return Mourir();
+    }));
+    ASSERT_TRUE(FichierExiste(chemin + "-journal"));
+}
+
+TEST_F(Cycle, ABasePutInPlaceIsNotUndoneByAStaleJournal)
+{
+    const std::string source = BaseGonflee(), cible = (travail_ / "cible.vlr").string();
+    Brut(Programme("Data.z"), std::string(AncienneForme));
+    const std::pair<std::function<bool()>, std::string> poses[] = {
+        {[&] { return CopierModele(cible); }, "1"},
+        {[&] { return CreerBaseVide(cible); }, "0"},
+        {[&] { return CopierBase(source, cible); }, "2"},
+    };
+    for (const auto& [poser, medias] : poses) {
+        SupprimerFichier(cible);
+        std::filesystem::copy_file(source, cible);
+        Planter(cible);
+        const std::string journal = Contenu(cible + "-journal");
+        EXPECT_TRUE(poser());
+        EXPECT_FALSE(FichierExiste(cible + "-journal"));
+        EXPECT_EQ(Brut(cible, "select count(*) from Catalogue"), Lignes{medias});
+        EXPECT_EQ(Brut(cible, "pragma integrity_check"), Lignes{"ok"});
+
+        SupprimerFichier(cible);
+        Ecrire(cible + "-journal", journal);  // of a base that has gone
+        EXPECT_TRUE(poser());
+        EXPECT_EQ(Brut(cible, "select count(*) from Catalogue"), Lignes{medias});
+    }
+}
+
+TEST_F(Cycle, ACopyIsWholeOrNotMade)
+{
+    const std::string source = BaseGonflee(), cible = (travail_ / "cible.vlr").string();
+    const std::string octets = Contenu(source);
+    EXPECT_TRUE(CopierBase(source, cible));
+    EXPECT_TRUE(Contenu(cible) == octets);
+    Planter(source);
+    EXPECT_TRUE(CopierBase(source, cible)) << "what the crash left undone is undone first";
+    EXPECT_EQ(Brut(cible, "select count(*) from Liste where Nom like 'x%' union all select count(*) from Catalogue"),
+              (Lignes{"0", "2"}));
+    {
+        const Base ouverte = OpenDatabase(source);
+        EXPECT_TRUE(CopierBase(source, cible));
+        EXPECT_FALSE(CopierBase(cible, source)) << "an open base is not replaced";
+        EXPECT_TRUE(DansUnEnfant([&] { return OpenDatabase(cible).Ouverte() || true; }));
+    }
+    const std::string avant = Contenu(cible);
+    EXPECT_FALSE(CopierBase(source, (travail_ / "absent/x.vlr").string()));
+    EXPECT_FALSE(CopierBase((travail_ / "absente.vlr").string(), cible));
+    EXPECT_FALSE(CopierBase(travail_.string(), cible));
+    EXPECT_TRUE(DansUnEnfant([&] {
+        LimiterDisque(256 << 10);
+        return !CopierBase(source, cible);
+    }));
+    EXPECT_TRUE(Contenu(cible) == avant);
+    Ecrire(travail_ / "lettre.vlr", "bonjour");
+    EXPECT_TRUE(CopierBase((travail_ / "lettre.vlr").string(), cible));
+    EXPECT_EQ(Contenu(cible), "bonjour");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(travail_), {}), 3);
+}
+
+TEST_F(Cycle, MakingABaseLeavesTheUsersFilesAlone)
+{
+    const std::string chemin = (travail_ / "essai.vlr").string();
+    Ecrire(chemin + ".nouveau", "à moi");
+    EXPECT_TRUE(CreerBaseVide(chemin));
+    EXPECT_EQ(Contenu(chemin + ".nouveau"), "à moi");
+}
+
+TEST_F(Cycle, NameIndexesGoWithTheirBases)
+{
+    const std::string restee = BaseGonflee(), partie = (travail_ / "partie.vlr").string();
+    CreerBaseVide(partie);
+    EXPECT_TRUE(PreparerIndexNoms(restee) && PreparerIndexNoms(partie));
+    SupprimerFichier(partie);
+    const std::filesystem::path cache = DossierCache();
+    Ecrire(cache / "0123456789abcdef.noms", "vlnoms1\n" + std::string(100, 'x'));  // of an older version
+    Ecrire(cache / "les miens.noms", "Anne");
+    NettoyerRestes();
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(cache), {}), 2);
+    EXPECT_EQ(CandidatsNoms(restee, "*f3998*").value_or(std::vector<int64_t>{}).size(), 0U) << "a row that was deleted";
+    EXPECT_EQ(CandidatsNoms(restee, "*f3999*").value_or(std::vector<int64_t>{}).size(), 1U);
+    EXPECT_TRUE(FichierExiste((cache / "les miens.noms").string()));
+}
+
+TEST_F(Cycle, ADefaultBaseThatHoldsMediaIsSetAside)
+{
+    const std::string defaut = Programme("defaut.vlr"), debranchee = (travail_ / "debranchee.vlr").string();
+    for (int fois = 1; fois <= 2; ++fois) {
+        Choisir(debranchee);
+        InitialiserBase();
+        EXPECT_EQ(ReprendreAvis(), "") << "an empty one is replaced without a word";
+        Brut(defaut, "insert into Catalogue(Label) values('gardé" + std::to_string(fois) + "')");
+        Choisir(debranchee);
+        InitialiserBase();
+        EXPECT_EQ(BaseCourante(), defaut);
+        EXPECT_EQ(Brut(defaut, "select count(*) from Catalogue"), Lignes{"0"});
+        const std::string avis = ReprendreAvis();
+        ASSERT_NE(avis.find(Programme("defaut 2")), avis.npos) << avis;
+        EXPECT_EQ(Brut(avis.substr(avis.find(" : ") + 3), "select Label from Catalogue"),
+                  Lignes{"gardé" + std::to_string(fois)});
+        EXPECT_EQ(ReprendreAvis(), "");
+    }
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(programme_), {}), 3);
+}
+
+TEST_F(Cycle, MediaReadIntoTheBaseThatStandsInStay)
+{
+    const std::string defaut = Programme("defaut.vlr"), partie = (travail_ / "partie.vlr").string();
+    Choisir(partie);
+    ASSERT_TRUE(GarantirBase(false));  // the tree is loaded
+    EXPECT_FALSE(GarantirBase(true));  // a run begins
+    Brut(BaseCourante(), "insert into Catalogue(Label) values('lu')");
+    CompacterBase();
+    GarantirBase(false);  // the tree is loaded again
+    EXPECT_EQ(BaseCourante() + Memorisee(), defaut + partie);
+    EXPECT_EQ(Brut(BaseCourante(), "select Label from Catalogue"), Lignes{"lu"});
+    EXPECT_EQ(ReprendreAvis(), "");
+
+    CreerBaseVide(partie);  // the key is back
+    RelireBaseCourante();
+    EXPECT_EQ(BaseCourante(), partie);
 }
 
 }  // namespace
