@@ -39,7 +39,7 @@ TEST(ArbreCatalogue, RetireSansRienDeranger)
         return place->first;
     };
     for (int tour = 0; tour < 6000; ++tour) {
-        if (hasard() % 4 != 0 || modele.size() < 3) {
+        if (hasard() % 12 != 0 || modele.size() < 3) {
             const std::string pere = auHasard(), cle = "k" + std::to_string(hasard() % 5000);
             const bool nouveau = !modele.contains(cle);
             EXPECT_EQ(arbre.Ajouter(arbre.Chercher(pere), cle, "texte") != ArbreCatalogue::Aucun, nouveau);
