@@ -17,25 +17,25 @@
 
 #include <fmt/format.h>
 
+#include "archives/ListerArchive.h"
+#include "browser/ChargerArbre.h"
+#include "browser/LectureListeFichiers.h"
 #include "catalogue/ArbreCatalogue.h"
+#include "catalogue/Cles.h"
 #include "catalogue/ListeFichiers.h"
+#include "commun/Formes.h"
+#include "commun/Texte.h"
 #include "extraction/AjouterFichierZip.h"
 #include "extraction/Extraction.h"
 #include "extraction/VerifierCatalogue.h"
 #include "extractors/Aiguillage.h"
 #include "platform/Chemins.h"
-#include "platform/OperationsFichiers.h"
 #include "platform/Lecteurs.h"
-#include "commun/Texte.h"
+#include "platform/OperationsFichiers.h"
 #include "search/RechercheLabel.h"
-#include "commun/Formes.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
-#include "catalogue/Cles.h"
-#include "browser/ChargerArbre.h"
-#include "browser/LectureListeFichiers.h"
-#include "archives/ListerArchive.h"
 
 namespace fs = std::filesystem;
 using Arguments = std::vector<std::string>;
@@ -241,14 +241,15 @@ void Dossier(const Arguments& arguments)
 // The path, the setting of the branch chosen ("-" for none) and the description, by tabs.
 void Decrire(const Arguments& arguments)
 {
+    EtatExtracteurs etat;
     for (size_t i = 1; i < arguments.size(); ++i) {
         const std::string nom = NomEnTexte(fs::path(arguments[i]).filename().string());
         const std::string extension = ExtensionFichier(nom);
         const Branche& branche = ChoisirBranche(extension);
-        const bool voulue = branche.extraire && branche.Voulue() && BrancheAdmise(branche, nom, arguments[i]);
+        const bool voulue = !ChoisirSorte(extension) && branche.Voulue() && BrancheAdmise(branche, nom, arguments[i]);
         std::string description;
         if (voulue)
-            branche.extraire({Fichier(arguments[i]), arguments[i], extension}, description);
+            ExtraireDescription({Fichier(arguments[i]), arguments[i], extension, etat}, description);
         fmt::print("{}\t{}\t{}\n", arguments[i], voulue ? branche.cle : "-", EnUneLigne(description));
     }
 }

@@ -9,11 +9,11 @@
 
 #include <fmt/format.h>
 
+#include "archives/ConstruireTv.h"
 #include "commun/Formes.h"
 #include "commun/Texte.h"
 #include "platform/FormesLocales.h"
 #include "platform/LecteurOctets.h"
-#include "store/CycleBase.h"
 
 namespace {
 
@@ -34,7 +34,7 @@ struct Source {
     zip_int64_t Lire(void* cible, uint64_t nombre)
     {
         nombre = std::min(nombre, lecteur.Reste());
-        if (!ExtractionAbandonnee() && lecteur.Lire(cible, static_cast<size_t>(nombre)))
+        if (lecteur.Lire(cible, static_cast<size_t>(nombre)))
             return static_cast<zip_int64_t>(nombre);
         zip_error_set(&erreur, ZIP_ER_READ, 0);
         return -1;
@@ -126,37 +126,36 @@ std::string Ligne(const zip_stat_t& membre)
                        Annee(date.tm_year + 1900), date.tm_mon + 1, date.tm_mday, date.tm_hour, date.tm_min);
 }
 
-std::vector<std::string> Lignes(zip_t* archive)
+void Lister(zip_t* archive, const std::stop_token& arret, ArbreArchive& tv)
 {
     constexpr zip_uint64_t connus = ZIP_STAT_NAME | ZIP_STAT_SIZE | ZIP_STAT_MTIME;
-    std::vector<std::string> lignes;
     const auto nombre = static_cast<zip_uint64_t>(zip_get_num_entries(archive, 0));
-    for (zip_uint64_t rang = 0; rang < nombre && !ExtractionAbandonnee(); ++rang) {
+    for (zip_uint64_t rang = 0; rang < nombre && !arret.stop_requested(); ++rang) {
         zip_stat_t membre;
         if (zip_stat_index(archive, rang, ZIP_FL_ENC_GUESS, &membre) != 0 || (membre.valid & connus) != connus)
             continue;
         if (membre.size > 0)
-            lignes.push_back(Ligne(membre));
+            ConstruireTv(Ligne(membre), tv);
     }
-    return lignes;
 }
 
 }  // namespace
 
-std::vector<std::string> ListerZip(const Fichier& fichier)
+void ListerZip(const Fichier& fichier, std::stop_token arret, ArbreArchive& tv)
 {
+    tv = ArbreArchive();
     int erreur = ZIP_ER_OK;
     Source source(fichier, 0);
     if (const Archive archive = Ouvrir(source, erreur))
-        return Lignes(archive.get());
+        return Lister(archive.get(), arret, tv);
     if (erreur != ZIP_ER_NOZIP)
-        return {};
+        return;
 
     // Behind a program whose length the places in the archive leave out.
     const uint64_t debut = Chercher(fichier, "PK\3\4", 0, PlusLongProgramme);
     if (debut == 0 || debut == Introuvable)
-        return {};
+        return;
     Source suite(fichier, debut);
-    const Archive archive = Ouvrir(suite, erreur);
-    return archive ? Lignes(archive.get()) : std::vector<std::string>();
+    if (const Archive archive = Ouvrir(suite, erreur))
+        Lister(archive.get(), arret, tv);
 }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <stop_token>
 #include <string>
 #include <string_view>
 
+#include "extractors/EtatExtracteurs.h"
 #include "platform/Parcours.h"
 #include "store/Recordset.h"
 
@@ -27,6 +29,8 @@ struct LigneFichier {
     // The walk, standing in the file's directory, and the entry there: read when a description is drawn from it.
     const Parcours* parcours = nullptr;
     const EntreeDossier* entree = nullptr;
+    EtatExtracteurs* extracteurs = nullptr;  // of the run from file to file, when it is there
+    std::stop_token arret = {};              // ends the listing of an archive
 };
 
 // Writes one row, the root, a directory or a file, on the open record set of a run; for a file with a path it first

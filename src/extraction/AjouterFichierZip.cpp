@@ -80,11 +80,11 @@ private:
 
 void AjouterFichierZip(const ArchiveOuverte& archive)
 {
-    const ArbreArchive tv = ListerArchive(archive.fichier, archive.extension);
+    const ArbreArchive tv = ListerArchive(archive.fichier, archive.extension, archive.arret);
     Base base = OpenDatabase(BaseCourante());
     LignesArchive lignes(base, archive);
     for (int32_t i = ArbreArchive::Racine + 1; i <= tv.Nombre(); ++i)
-        if (ExtractionAbandonnee() || !lignes.Ajouter(tv, i))
+        if (archive.arret.stop_requested() || ExtractionAbandonnee() || !lignes.Ajouter(tv, i))
             break;
     if (lignes.ExtensionsAccrues())
         EnregistrerExtensions();

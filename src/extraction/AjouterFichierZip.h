@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <stop_token>
 #include <string_view>
 
 #include "platform/Fichier.h"
@@ -11,8 +12,9 @@ struct ArchiveOuverte {
     std::string_view extension;  // lower case
     int64_t media;
     int64_t numero;  // of the archive's row
+    std::stop_token arret = {};
 };
 
 // Lists the members of an archive of any kind and writes a row for each, folders among them, into the run's open base.
-// A run that is given up stops it between two members.
+// A stop, or a run that is given up, ends it between two members.
 void AjouterFichierZip(const ArchiveOuverte& archive);

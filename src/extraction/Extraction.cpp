@@ -35,6 +35,7 @@ struct Extraction::Etat {
     Recordset enregistrements;
     Parcours parcours;
     CompteursExtraction compteurs;
+    EtatExtracteurs extracteurs;
     std::string chemin;         // of the directory at work, with trailing "\"
     std::string cheminFichier;  // scratch: the path of the file at work
     std::string ligne;          // progress line
@@ -268,6 +269,7 @@ void Extraction::TraiterFichier(Etat& etat, const Repertoire& repertoire, const 
     ligne.extension = extension;
     ligne.parcours = &etat.parcours;
     ligne.entree = &entree;
+    ligne.extracteurs = &etat.extracteurs;
     if (!AjouterFichier(media_, ligne, etat.enregistrements, etat.compteurs))
         etat.echec = true;
 }

@@ -18,6 +18,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "archives/ListerArchive.h"
 #include "commun/Formes.h"
 #include "commun/Texte.h"
 #include "extraction/Animation.h"
@@ -55,9 +56,9 @@ constexpr TexteCompression Compressions[] = {
     {"Lecture des &fichiers .RAR", " Inclure l'extraction des informations contenues dans les fichiers .RAR "},
 };
 
-std::string CleCompression(int indice)
+std::string_view CleCompression(int indice)
 {
-    return "Compression" + Str(indice);
+    return SortesArchives()[static_cast<size_t>(indice)].cle;
 }
 
 // Discs that can be taken out have the first row of tabs, those that stay the second.
@@ -274,7 +275,7 @@ QWidget* FrmSemiAuto::CreerDetails()
     listeExtensions_->setObjectName("ListeExtensions");
     listeExtensions_->setAccessibleName("Filtre des fichiers");
     for (const FiltreFichiers& filtre : FiltresFichiers())
-        listeExtensions_->addItem(filtre.nom);
+        listeExtensions_->addItem(QString::fromStdString(filtre.nom));
     const int rang = static_cast<int>(GetSettingNombre(SectionSettings, "Extension", 0));
     listeExtensions_->setCurrentIndex(rang >= 0 && rang < listeExtensions_->count() ? rang : 0);
     connect(listeExtensions_, &QComboBox::activated, this, [this](int choisi) {
@@ -450,7 +451,7 @@ void FrmSemiAuto::RemplirListe()
     liste_->clear();
     if (lettre_ == 0 || !DetailsMontres())
         return;
-    const char* motifs = FiltresFichiers()[static_cast<size_t>(listeExtensions_->currentIndex())].motifs;
+    const std::string& motifs = FiltresFichiers()[static_cast<size_t>(listeExtensions_->currentIndex())].motifs;
     std::vector<std::string> noms;
     Parcours(lettre_).Lister([&](const EntreeDossier& entree) {
         if (CorrespondFiltre(motifs, entree.nom))

@@ -34,10 +34,7 @@ struct BlocEmplacement {
 
     bool Lire(LecteurOctets& lecteur)
     {
-        for (uint32_t* mot : {&taille, &tailleEntete, &drapeaux, &volume, &cheminLocal, &reseau, &suiteChemin})
-            if (!lecteur.PetitBoutiste(*mot))
-                return false;
-        return true;
+        return lecteur.PetitBoutiste(taille, tailleEntete, drapeaux, volume, cheminLocal, reseau, suiteChemin);
     }
 };
 

@@ -1,8 +1,6 @@
 #include "archives/ListerArj.h"
 #include "archives/ListerLha.h"
-#include "catalogue/TexteArbre.h"
 #include "outils/Archives.h"
-#include "store/CycleBase.h"
 
 namespace {
 
@@ -56,12 +54,10 @@ TEST_F(LhaArjTest, LesDeuxFormes)
         EXPECT_EQ(ListerOctets(forme.lister, coupe), (Noeuds{"1 a:7 b::", "1 lo:7 b::"}));
         EXPECT_EQ(ListerOctets(forme.lister, coupe.substr(0, coupe.size() - 3)), Noeuds{"1 a:7 b::"});
 
-        FixerAbandon(true);
-        EXPECT_EQ(ListerOctets(forme.lister, forme.debut + a), Noeuds());
-        FixerAbandon(false);
+        EXPECT_EQ(ListerOctets(forme.lister, forme.debut + a, Arrete()), Noeuds());
         ArbreArchive tv;
         tv.Membre(ArbreArchive::Racine, "reste d'avant:");
-        forme.lister(Fichier(), tv);
+        forme.lister(Fichier(), {}, tv);
         EXPECT_EQ(TexteArbre(tv), Noeuds());
     }
 }

@@ -3,7 +3,6 @@
 
 #include "archives/ListerRar.h"
 #include "outils/Archives.h"
-#include "store/CycleBase.h"
 
 namespace {
 
@@ -227,6 +226,5 @@ TEST_F(Rar, GrandeArchive)
 
 TEST_F(Rar, Abandon)
 {
-    FixerAbandon(true);
-    EXPECT_EQ(Lister(Debut4() + Membre4("a", 1)), Noeuds{});
+    EXPECT_EQ(ListerOctets(ListerRar, Debut4() + Membre4("a", 1), Arrete()), Noeuds{});
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <stop_token>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "archives/ArbreArchive.h"
@@ -22,7 +24,7 @@ inline Noeuds TexteArbre(const ArbreArchive& tv)
 
 class TestArchives : public Environnement {
 protected:
-    using Lecture = void (*)(const Fichier&, ArbreArchive&);
+    using Lecture = void (*)(const Fichier&, std::stop_token, ArbreArchive&);
 
     struct Cas {
         const char* nom;
@@ -31,16 +33,24 @@ protected:
     };
 
     // What the reader makes of a file.
-    Noeuds Lister(Lecture lister, const char* nom) const
+    Noeuds Lister(Lecture lister, const char* nom, std::stop_token arret = {}) const
     {
         ArbreArchive tv;
-        lister(Fichier((travail_ / nom).string()), tv);
+        lister(Fichier((travail_ / nom).string()), std::move(arret), tv);
         return TexteArbre(tv);
     }
 
-    Noeuds ListerOctets(Lecture lister, const std::string& octets) const
+    Noeuds ListerOctets(Lecture lister, const std::string& octets, std::stop_token arret = {}) const
     {
         Ecrire(travail_ / "octets", octets);
-        return Lister(lister, "octets");
+        return Lister(lister, "octets", std::move(arret));
+    }
+
+    // A token whose stop was asked for.
+    static std::stop_token Arrete()
+    {
+        std::stop_source source;
+        source.request_stop();
+        return source.get_token();
     }
 };
