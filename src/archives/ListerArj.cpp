@@ -69,6 +69,8 @@ void ListerArj(const Fichier& fichier, std::stop_token arret, ArbreArchive& tv)
             return;
         if (!entete.Valide())
             continue;  // slides on by whole headers, not by bytes (kept, particularité Xlecteurs7)
+        if (entete.taille == 0)
+            return;  // the end header; what lies behind is padding
         lecteur.Aller(place + entete.DebutNom());
         const std::string nom = lecteur.Octets(plusLongNom);
         AccrocherMembre(std::string_view(nom).substr(0, nom.find('\0')), entete.tailleCompressee, tv);

@@ -69,6 +69,7 @@ TEST_F(LhaArjTest, ChacuneSesDetours)
     EXPECT_EQ(ListerOctets(ListerLha, niveau0 + Lha("b", 7)), Noeuds{"1 a:1 b::"});
 
     const std::string a = Arj("a", 7) + FinArj;
+    EXPECT_EQ(ListerOctets(ListerArj, DebutArj + a + Fois(60, "\x1A") + a), Noeuds{"1 a:7 b::"});  // padded
     EXPECT_EQ(ListerOctets(ListerArj, "MZ" + DebutArj + a), Noeuds());
     EXPECT_EQ(ListerOctets(ListerArj, Arj("x.arj" + std::string(1, '\0') + "note", 0) + a), Noeuds{"1 a:7 b::"});
     EXPECT_EQ(ListerOctets(ListerArj, DebutArj + Arj(std::string(300, 'n'), 7) + a),

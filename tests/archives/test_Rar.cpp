@@ -10,16 +10,6 @@ using namespace std::string_literals;
 
 // Both generations of the format, laid down byte by byte.
 
-uint32_t Crc32(std::string_view octets)
-{
-    uint32_t reste = UINT32_MAX;
-    for (size_t bit = 0; bit < octets.size() * 8; ++bit) {
-        reste ^= bit % 8 == 0 ? static_cast<unsigned char>(octets[bit / 8]) : 0;
-        reste = reste >> 1 ^ (reste & 1 ? 0xEDB88320U : 0);
-    }
-    return ~reste;
-}
-
 std::string Variable(uint64_t valeur)
 {
     std::string resultat;

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <stop_token>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -20,6 +22,16 @@ inline Noeuds TexteArbre(const ArbreArchive& tv)
     for (int32_t indice = 2; indice <= tv.Nombre(); ++indice)
         noeuds.push_back(std::to_string(tv[indice].parent) + ' ' + tv[indice].texte);
     return noeuds;
+}
+
+inline uint32_t Crc32(std::string_view octets)
+{
+    uint32_t reste = UINT32_MAX;
+    for (size_t bit = 0; bit < octets.size() * 8; ++bit) {
+        reste ^= bit % 8 == 0 ? static_cast<unsigned char>(octets[bit / 8]) : 0;
+        reste = reste >> 1 ^ (reste & 1 ? 0xEDB88320U : 0);
+    }
+    return ~reste;
 }
 
 class TestArchives : public Environnement {
