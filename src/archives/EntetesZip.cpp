@@ -62,7 +62,7 @@ bool MembreZip::Lire(LecteurOctets& lecteur)
         !lecteur.PetitBoutiste(versionAuteur, systeme, versionRequise, drapeaux, methode, heure, date, somme,
                                taillePaquet, tailleReelle, tailleNom, tailleExtra, tailleCommentaire, volume,
                                attributsInternes, attributsExternes, place) ||
-        lecteur.Reste() < uint64_t{tailleNom} + tailleExtra)
+        lecteur.Reste() < tailleNom)
         return false;
     nom = lecteur.Octets(tailleNom);
     extra = lecteur.Octets(tailleExtra);

@@ -36,7 +36,7 @@ struct MembreZip {
     uint32_t place = 0;
 
     std::string nom;
-    std::string extra;
+    std::string extra;  // cut where the file ends
 
     bool Lire(LecteurOctets& lecteur);
 };
