@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include <fmt/format.h>
+#include <fmt/compile.h>
 
 #include "archives/ConstruireTv.h"
 #include "archives/EntetesZip.h"
@@ -123,19 +123,18 @@ std::optional<uint64_t> TrouverRepertoire(const Fichier& fichier)
 // The path as it is shown: its first characters, without blanks around them.
 std::string_view Montrer(std::string_view nom)
 {
-    size_t fin = 0;
-    for (size_t caracteres = 0; caracteres < LongueurNom && fin < nom.size(); ++caracteres)
-        CaractereSuivant(nom, fin);
+    size_t fin = std::min(nom.size(), LongueurNom);  // no shorter than its characters
+    if (fin < nom.size())
+        for (size_t caracteres = fin = 0; caracteres < LongueurNom && fin < nom.size(); ++caracteres)
+            CaractereSuivant(nom, fin);
     return Trim(nom.substr(0, fin));
 }
 
-// The year is told by its last two digits alone: 2003 gives "2003", but 2012 gives "0012" (kept, particularité
-// Xlecteurs8).
-std::string Annee(int annee)
+// The year is told by its last two digits alone: 2003 stays, but 2012 becomes 12 (kept, particularité Xlecteurs8).
+int Annee(int annee)
 {
     const int deuxChiffres = annee % 100;
-    const std::string texte = fmt::format("{}{}", deuxChiffres < 50 ? "200" : "19", deuxChiffres);
-    return texte.substr(texte.size() - 4);
+    return deuxChiffres + (deuxChiffres < 10 ? 2000 : deuxChiffres < 50 ? 0 : 1900);
 }
 
 // Date and time as the bits say, whether the calendar has them or not.
@@ -143,7 +142,7 @@ std::string Ligne(const MembreZip& membre, uint64_t taille)
 {
     const int annee = 1980 + (membre.date >> 9), mois = membre.date >> 5 & 15, jour = membre.date & 31;
     const int heure = membre.heure >> 11, minute = membre.heure >> 5 & 63;
-    return fmt::format("{}:{}:{}{:02}{:02}:{}h{:02}", Montrer(NomZip(membre)),
+    return fmt::format(FMT_COMPILE("{}:{}:{:04}{:02}{:02}:{}h{:02}"), Montrer(NomZip(membre)),
                        FormatTaille(static_cast<double>(taille)), Annee(annee), mois, jour, heure, minute);
 }
 

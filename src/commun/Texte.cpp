@@ -234,9 +234,12 @@ std::string DosEnTexte(std::string_view octets)
 {
     std::string texte;
     texte.reserve(octets.size() + octets.size() / 4);
-    for (size_t rang = 0; rang < octets.size(); ++rang) {
-        const unsigned char octet = Octet(octets, rang);
-        AjouterCaractere(texte, octet >= 0x80 ? dosHaut[octet - 0x80U] : octet);
+    for (const char c : octets) {
+        const auto octet = static_cast<unsigned char>(c);
+        if (octet < 0x80)
+            texte += c;
+        else
+            AjouterCaractere(texte, dosHaut[octet - 0x80U]);
     }
     return texte;
 }
