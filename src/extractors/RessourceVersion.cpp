@@ -5,15 +5,21 @@
 #include <cstdint>
 #include <utility>
 
+#include "extractors/AjouterTexte.h"
 #include "platform/LecteurOctets.h"
 
 namespace {
 
 constexpr uint32_t TypeVersion = 16, NumeroVersion = 1;
-constexpr uint64_t PlusGrandBloc = 0xFFFF;  // a version block tells its own length in 16 bits
 
 constexpr uint64_t PlaceEnteteSuivant = 0x3C;  // the last field of the DOS header
 constexpr uint16_t SignatureNe = 'N' | 'E' << 8, SignaturePe = 'P' | 'E' << 8;
+
+// So many bytes from the reader's place, as far as the file goes; none of a block longer than any description.
+std::string LireBloc(LecteurOctets& lecteur, uint64_t taille)
+{
+    return std::min(taille, lecteur.Reste()) <= DescriptionMaximale ? lecteur.Octets(taille) : std::string();
+}
 
 // PE
 
@@ -165,11 +171,7 @@ std::string LireBlocPe(LecteurOctets& lecteur)
     if (racine == Introuvable || !ChercherDonnees(lecteur, racine, donnees))
         return {};
     lecteur.Aller(sections.PlaceDe(lecteur, donnees.adresse));
-    std::string bloc = lecteur.Octets(std::min<uint64_t>(donnees.taille, PlusGrandBloc));
-    // The room that the system leaves behind a Unicode block: a last text without terminator ends there.
-    if (!bloc.empty())
-        bloc.append(4, '\0');
-    return bloc;
+    return LireBloc(lecteur, donnees.taille);
 }
 
 // NE
@@ -246,7 +248,7 @@ std::string LireBlocNe(LecteurOctets& lecteur)
             break;
     }
     lecteur.Aller(uint64_t{choisie.place} << decalage);
-    return lecteur.Octets(std::min(uint64_t{choisie.taille} << decalage, PlusGrandBloc));
+    return LireBloc(lecteur, uint64_t{choisie.taille} << decalage);
 }
 
 }  // namespace

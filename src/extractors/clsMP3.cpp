@@ -72,7 +72,8 @@ struct EnteteID3v2 {
     uint8_t drapeaux;
     uint8_t taille[4];
 
-    // The weight of the first byte is no power of two, and kept: with it only huge files have a tag over 2 MB.
+    // The weight of the first byte is no power of two: with it only huge files have a tag over 2 MB (kept,
+    // particularité Xlecteurs10).
     uint64_t TailleCorps() const
     {
         return taille[0] * uint64_t{20917152} + taille[1] * 16384U + taille[2] * 128U + taille[3];
@@ -115,16 +116,16 @@ struct TrameID3v2 {
     }
 };
 
-// In the order in which they are read. That version 2 has the original artist and the name of version 3 for the track
-// is meant so.
+// In the order in which they are read, which shows where a frame ends the reading. Version 2 has the original artist
+// and the name of version 3 for the track (kept, particularité Xlecteurs9).
 struct ChampTrame {
     std::string clsMP3::*champ;
     std::string_view nomV2;
     std::string_view nomV3;
 };
 constexpr ChampTrame ChampsTrames[] = {
-    {&clsMP3::Title, "TT2", "TIT2"}, {&clsMP3::Artist, "TOA", "TPE1"}, {&clsMP3::Album, "TAL", "TALB"},
-    {&clsMP3::Year, "TYE", "TYER"},  {&clsMP3::Genre, "TCO", "TCON"},  {&clsMP3::Track, "TRCK", "TRCK"},
+    {&clsMP3::Title, "TT2", "TIT2"}, {&clsMP3::Album, "TAL", "TALB"}, {&clsMP3::Artist, "TOA", "TPE1"},
+    {&clsMP3::Year, "TYE", "TYER"},  {&clsMP3::Genre, "TCO", "TCON"}, {&clsMP3::Track, "TRCK", "TRCK"},
 };
 
 // Without trailing blanks, then without NULs: blanks before a NUL stay.
@@ -214,7 +215,8 @@ bool clsMP3::LireID3v1(const Fichier& fichier)
     Year = Nettoyer(id3.annee);
     Comment = Nettoyer(id3.commentaire);
     Genre = std::to_string(id3.genre);
-    // Meant so: blanks and most punctuation go, and with them the track number that ID3v1.1 keeps here.
+    // Blanks and most punctuation go, and with them the track number that ID3v1.1 keeps here (kept, particularité
+    // Xlecteurs11).
     std::erase_if(Comment, [](unsigned char c) { return c < '0'; });
     return true;
 }

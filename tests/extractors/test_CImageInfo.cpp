@@ -104,7 +104,7 @@ TEST_F(Images, EntetesSinguliers)
         {Png(1, 1, 8, 2).substr(0, 25), aucune, "0"},
         {gif + '\xF7', "300x2x8xGIF", "1 300x2x8"},
         {Bmp(7, static_cast<uint32_t>(-5), 24), aucune, "0"},  // rows from the top
-        {Soi + Segment(0xE1, std::string(0x7FFE, 'x')) + Cadre(0xC0, 9, 8, 3), aucune, "0"},
+        {Soi + Segment(0xE1, std::string(0xFFFD, 'x')) + Cadre(0xC0, 9, 8, 3), "9x8x24xJPG", "0"},
         {Soi + Cadre(0xC5, 5, 5, 3) + Cadre(0xC1, 9, 8, 3), "9x8x24xJPG", "2 5x5x24"},
         {Soi + Cadre(0xCF, 5, 5, 3), aucune, "2 5x5x24"},
         {Soi + Cadre(0xC4, 5, 5, 3) + Cadre(0xC8, 5, 5, 3) + Cadre(0xCC, 5, 5, 3) + Cadre(0xC2, 9, 8, 3), "9x8x24xJPG",

@@ -126,11 +126,13 @@ TEST_F(VersionTest, ArbreDeRessourcesDouteux)
     EXPECT_EQ(Decrire(ailleurs), LigneSimple);
     EXPECT_EQ(Decrire(ailleurs.substr(0, racine + 0x40)), "");
 
-    // A last text without its terminator ends all the same.
+    // A last text without its terminator is not cut.
     const size_t valeur = intact.find("1\0.\0002\0\0"s, racine);
     ASSERT_NE(valeur, std::string::npos);
     const std::string sansFin = Avec(Avec(intact, valeur + 6, "Z"), valeur + 2, "\x1D");
-    EXPECT_EQ(Decrire(Avec(sansFin, racine + 0x4C, Petit(valeur + 6 - bloc, 4))), "Version Fichier : 1\r\n");
+    EXPECT_EQ(Decrire(Avec(sansFin, racine + 0x4C, Petit(valeur + 6 - bloc, 4))),
+              "Version Fichier : 1\x1D"
+              "2\r\n");
 }
 
 TEST_F(VersionTest, SeizeBits)
