@@ -123,6 +123,8 @@ TEST_F(Rar, Archives)
          debut5 + Membre5("d/e/x", 1) + Membre5("d/e/", 0, {.drapeaux = 1}) + Membre5("d/f\\y", 2) + Membre5("v", 0),
          {"1 d", "2 e", "3 x:1 b", "2 f", "5 y:2 b", "1 v"}},
         {"over 4 GiB", debut4 + Membre4("a", 5 * giga, {.drapeaux = 0x100}), {"1 a:5,000 Gb"}},
+        {"unknown size", debut4 + Membre4("a", UINT64_MAX, {.drapeaux = 0x100}) + b4, {"1 a:", "1 b.txt:34 b"}},
+        {"known size of 32 bits", debut4 + Membre4("a", UINT32_MAX), {"1 a:4,000 Gb"}},
         {"unknown size 5", debut5 + Membre5("a", 0, {.drapeaux = 8}) + b5, {"1 a:", "1 b.txt:34 b"}},
 
         {"service and recovery blocks",
@@ -141,6 +143,9 @@ TEST_F(Rar, Archives)
         {"encrypted headers", Debut4(0x80) + a4, {}},
         {"encrypted headers 5", Marque5 + Bloc5(4, 0, std::string(34, 'c')) + a5, {}},
         {"first volume 5", Debut5(1) + a5 + Membre5("b.txt", 34, {.drapeauxBloc = 0x10}) + b5 + a5, ab},
+        {"first volume", Debut4(1) + a4 + Membre4("b.txt", 34, {.drapeaux = 2}) + b4, ab},
+        {"goes on, but in no volume", debut4 + Membre4("a.txt", 12, {.drapeaux = 2}) + b4, ab},
+        {"goes on, but in no volume 5", debut5 + Membre5("a.txt", 12, {.drapeauxBloc = 0x10}) + b5, ab},
         {"second volume", Debut4(1) + Membre4("a.txt", 12, {.drapeaux = 1}) + b4, ab},
 
         {"data around the end", debut4 + a4 + Entete4("b.txt", 34, UINT64_MAX - 60, {.drapeaux = 0x100}), ab},
@@ -169,7 +174,10 @@ TEST_F(Rar, Noms)
         {"abcde\0\x04\xC0\x83\xD2"s, "1 гдежз:1 b"},          // a run with correction and high byte
         {"__\0\0\xA0\x3D\xD8\x00\xDE"s, "1 😀:1 b"},           // two surrogates
         {"abc\0\0\xC0\x7F"s, "1 abc:1 b"},                    // a run longer than the plain name
-        {"\xC3\xA9t\xC3\xA9", "1 été:1 b"},                   // no NUL: UTF-8
+        {"abc\0"s, "1 abc:1 b"},                              // no differences, in three ways
+        {"abc\0\x04"s, "1 abc:1 b"},
+        {"abc\0\0\0\0"s, "1 abc:1 b"},
+        {"\xC3\xA9t\xC3\xA9", "1 été:1 b"},  // no NUL: UTF-8
     };
     for (const auto& [nom, attendu] : depliages)
         EXPECT_EQ(quatre(nom, unicode), Noeuds{attendu}) << attendu;

@@ -34,6 +34,14 @@ inline uint32_t Crc32(std::string_view octets)
     return ~reste;
 }
 
+// A token whose stop was asked for.
+inline std::stop_token Arrete()
+{
+    std::stop_source source;
+    source.request_stop();
+    return source.get_token();
+}
+
 class TestArchives : public Environnement {
 protected:
     using Lecture = void (*)(const Fichier&, std::stop_token, ArbreArchive&);
@@ -56,13 +64,5 @@ protected:
     {
         Ecrire(travail_ / "octets", octets);
         return Lister(lister, "octets", std::move(arret));
-    }
-
-    // A token whose stop was asked for.
-    static std::stop_token Arrete()
-    {
-        std::stop_source source;
-        source.request_stop();
-        return source.get_token();
     }
 };

@@ -1,0 +1,33 @@
+#include "extraction/AjouterFichierZip.h"
+
+#include "commun/Formes.h"
+#include "outils/Archives.h"
+#include "outils/ExtractionTest.h"
+#include "store/Base.h"
+#include "store/CycleBase.h"
+
+using MembresTest = EnvironnementExtraction;
+
+// Fields of a member between its ":", of which a name may bring some; "h" is a ":" of the time.
+TEST_F(MembresTest, ChampsDesMembres)
+{
+    Executer(
+        "mkdir z && cd z && touch -d '2003-12-24 14:05' x && echo a > heure:h && echo b > a:b:c:d && echo c > x && "
+        "touch -d '2003-12-24 14:05' * && zip -q ../un.zip heure:h a:b:c:d x && arj a -m0 ../un.arj x");
+    const auto lister = [&](const char* nom, std::stop_token arret = {}) {
+        AjouterFichierZip({Fichier((travail_ / nom).string()), ExtensionFichier(nom), 5, 3, std::move(arret)});
+        std::vector<std::string> lignes =
+            Lignes("select * from Liste order by Num", {"Répertoire", "Nom", "Taille", "DateF", "Heure", "NCatalogue"});
+        OpenDatabase(BaseCourante()).Execute("delete * from Liste");
+        return lignes;
+    };
+    EXPECT_EQ(lister("un.zip"), (std::vector<std::string>{
+                                    "A 3 5|heure|h|2 b|14:05|5",
+                                    "A 3 5|a|b|c|2 b|5",
+                                    "A 3 5|x|2 b|20031224|14:05|5",
+                                }));
+    EXPECT_EQ(lister("un.arj"), std::vector<std::string>{"A 3 5|x|2 b|||5"});
+    EXPECT_EQ(lister("un.zip", Arrete()), std::vector<std::string>());
+    FixerAbandon(true);
+    EXPECT_EQ(lister("un.zip"), std::vector<std::string>());
+}
