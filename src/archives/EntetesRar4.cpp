@@ -106,7 +106,7 @@ std::string NomRar4(std::string_view nom, bool unicode)
 {
     const size_t nul = nom.find('\0');
     const std::string_view simple = nom.substr(0, nul);
-    if (!unicode || nul == nom.npos || nul + 1 == nom.size())
+    if (!unicode || nul == nom.npos)
         return NomEnTexte(simple);
     const std::u16string deplie = DeplierNom(simple, nom.substr(nul + 1));
     return deplie.empty() || deplie.front() == 0 ? NomEnTexte(simple) : Utf16EnTexte(deplie);

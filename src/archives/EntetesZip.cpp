@@ -102,6 +102,7 @@ std::string NomZip(const MembreZip& membre)
 {
     const auto jusquAuNul = [](std::string_view octets) { return octets.substr(0, octets.find('\0')); };
     const std::string_view nom = jusquAuNul(membre.nom);
+    // particularité Xlecteurs31
     if (membre.drapeaux & MembreZip::NomUtf8 && Utf8Valide(nom))
         return std::string(nom);
     if (const auto unicode = NomUnicode(membre))

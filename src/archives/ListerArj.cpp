@@ -61,7 +61,7 @@ void ListerArj(const Fichier& fichier, std::stop_token arret, ArbreArchive& tv)
     EnteteArj entete;
     if (!entete.Lire(lecteur) || !entete.Valide())
         return;
-    lecteur.Aller(entete.Longueur());
+    lecteur.Aller(entete.Longueur());  // particularité Xlecteurs17
 
     while (!arret.stop_requested()) {
         const uint64_t place = lecteur.Position();

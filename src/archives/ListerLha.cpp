@@ -44,7 +44,7 @@ void ListerLha(const Fichier& fichier, std::stop_token arret, ArbreArchive& tv)
         if (!entete.Valide())
             continue;  // slides on by whole headers, not by bytes (kept, particularité Xlecteurs7)
         AccrocherMembre(lecteur.Octets(entete.longueurNom), entete.tailleCompressee, tv);
-        lecteur.Sauter(SuiteEntete);
+        lecteur.Sauter(SuiteEntete);  // particularité Xlecteurs17
         lecteur.Sauter(entete.tailleCompressee);
     }
 }

@@ -18,7 +18,7 @@ void ListerRar(const Fichier& fichier, std::stop_token arret, ArbreArchive& tv)
         archive.RARProcessFile();
         std::string_view dernier;
         const int32_t parent = tv.Dossiers(entete.FileName, '\\', dernier);
-        if (entete.dossier || entete.UnpSize == 0) {  // empty files stand as folders, by intent
+        if (entete.UnpSize == 0) {  // kept, particularité Xlecteurs15
             if (!dernier.empty())
                 tv.Dossier(parent, dernier);
             continue;

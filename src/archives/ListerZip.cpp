@@ -15,10 +15,10 @@
 
 namespace {
 
-constexpr size_t LongueurNom = 255;  // characters of a path that are kept
+constexpr size_t LongueurNom = 255;  // characters of a path that are kept (particularité Xlecteurs16)
 
 // How far from the end of the file the end of the archive is looked for, first near and then far, and how far before
-// that its directory where nothing tells its place.
+// that its directory where nothing tells its place (particularité Xlecteurs32).
 constexpr std::array<uint64_t, 3> Portees = {4 << 10, 128 << 10, 1 << 20};
 constexpr uint64_t PlusLongRepertoire = 64 << 20;
 
@@ -154,7 +154,8 @@ void ListerZip(const Fichier& fichier, std::stop_token arret, ArbreArchive& tv)
     const auto debut = TrouverRepertoire(fichier);
     if (!debut)
         return;
-    // The count at the end is not asked: what is a member's record is a member.
+    // The count at the end is not asked: what is a member's record is a member. Those that hold nothing, folders among
+    // them, have no line (kept, particularité Xlecteurs14).
     LecteurOctets lecteur(fichier, *debut);
     for (MembreZip membre; !arret.stop_requested() && membre.Lire(lecteur);)
         if (const uint64_t taille = TailleReelle(membre); taille > 0)

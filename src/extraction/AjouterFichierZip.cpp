@@ -11,7 +11,8 @@
 
 namespace {
 
-// The fields of a member; missing ones are blank. Of four fields the last is the time, else the fifth.
+// The fields of a member; missing ones are blank. Of four fields the last is the time, else the fifth. A ":" in a name
+// shifts them (kept, particularité Xlecteurs18).
 struct Membre {
     std::string nom, taille = " ", date = " ", heure = " ";
 };
@@ -67,7 +68,7 @@ public:
     bool ExtensionsAccrues() const { return extensionsAccrues_; }
 
 private:
-    // Archive code of a node: its place is counted from the media's number on.
+    // Archive code of a node: its place is counted from the media's number on (kept, particularité Xlecteurs19).
     std::string Code(int32_t indice) const { return prefixe_ + Str(archive_.media + indice - 1); }
 
     const ArchiveOuverte& archive_;

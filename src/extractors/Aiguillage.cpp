@@ -88,7 +88,7 @@ const Branche& ChoisirBranche(std::string_view extension)
 bool BrancheAdmise(const Branche& branche, std::string_view nom, std::string_view chemin)
 {
     if (branche.cle == "DIZ")
-        return Minuscules(nom) == "file_id.diz";
+        return Minuscules(nom) == "file_id.diz";  // kept, particularité Xlecteurs28
     if (branche.cle == ToutLeReste.cle)
         return !chemin.ends_with(".cda");  // in small letters only (kept, particularité Xlecteurs4)
     return true;

@@ -14,7 +14,7 @@ bool DecrireLBM(const Fichier& fichier, std::string_view extension, BlocBmhd& bl
     std::array<char, 4> nom;
     if (!lecteur.Lire(nom.data(), nom.size()) || std::string_view(nom.data(), nom.size()) != "FORM")
         return false;
-    // Wherever the letters lie: chunks are not followed.
+    // Wherever the letters lie: chunks are not followed (kept, particularité Xlecteurs29).
     const uint64_t place = Chercher(fichier, "BMHD", tailleEnteteForm);
     if (place != Introuvable) {
         lecteur.Aller(place + tailleEnteteBloc);

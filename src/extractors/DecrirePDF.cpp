@@ -16,7 +16,7 @@ constexpr std::string_view CleTitre = "/Title <FEFF", CleDate = "/CreationDate (
                            CleProducteur = "/Producer";
 
 // The bytes that pairs of hexadecimal digits stand for, without those written "00" and without pairs of anything else;
-// an odd last digit stands for itself.
+// an odd last digit stands for itself (kept, particularité Xlecteurs24).
 std::string Decoder(std::string_view chiffres)
 {
     std::string octets;

@@ -8,6 +8,7 @@ bool DecrireTGA(const Fichier& fichier, EnteteTga& entete, std::string& resultat
         return false;
     LecteurOctets lecteur(fichier);
     entete.Lire(lecteur);
+    // No field is checked, and stars stand between the numbers (kept, particularité Xlecteurs30).
     resultat = fmt::format("{}*{}*{}xTGA", entete.largeur, entete.hauteur, entete.profondeur);
     return true;
 }

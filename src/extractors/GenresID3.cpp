@@ -10,7 +10,7 @@
 
 namespace {
 
-// By number; the unusual spellings are the program's own.
+// By number, with the program's own spellings (kept, particularité Xlecteurs27).
 constexpr std::string_view Genres[] = {"Blues",
                                        "Classic Rock",
                                        "Country",

@@ -14,7 +14,7 @@ namespace {
 constexpr char FinTexte = '\x01';  // stands where a text of the block ended
 
 // One line of the description. The characters that end a value are length words of the next entry as they usually
-// come; neither they nor the step back from the next key are derived from the block.
+// come; neither they nor the step back from the next key are derived from the block (kept, particularité Xlecteurs21).
 struct Rubrique {
     std::string_view libelle, cle;
     std::string_view arrets;  // each cuts the value, in this order

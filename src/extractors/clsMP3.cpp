@@ -95,7 +95,8 @@ struct EnteteTrameID3v23 {
 
 constexpr size_t TexteLePlusLong = 254;  // only the last byte of a frame's size counts, and it counts the encoding too
 
-// A frame as it is read. Its encoding is skipped, not obeyed: each byte of the text is one character.
+// A frame as it is read. Its encoding is skipped, not obeyed: each byte of the text is one character (kept,
+// particularité Xlecteurs25).
 struct TrameID3v2 {
     size_t longueur = 0;  // bytes of the text, with its encoding byte
     bool codee = false;   // compressed or encrypted
@@ -192,7 +193,7 @@ void clsMP3::LireFlux(const Fichier& fichier)
     Bitrate = std::to_string(debit);
     if (debit == 0)
         return;
-    const uint64_t secondes = taille / debit / 125;  // 125 bytes are a kilobit; the tags count as sound
+    const uint64_t secondes = taille / debit / 125;  // 125 bytes are a kilobit; the tags count (Xlecteurs26)
     Duration = std::to_string(secondes / 60) + "m " + std::to_string(secondes % 60) + "s";
 }
 

@@ -160,6 +160,7 @@ TEST_F(ZipTest, TaillesEtDates)
               "5,000 Gb:20031224:14h05"},
              {{.nom = "a", .taille = UINT32_MAX, .extra = Extra(1, "courte")}, "4,000 Gb:20031224:14h05"},
              {{.nom = "a", .taille = 7, .extra = Extra(1, giga5)}, "7 b:20031224:14h05"},
+             {{.nom = "a", .taille = 1}, "1 b:20031224:14h05"},
              // The year is made of its last two digits.
              {{.nom = "a", .annee = 1980, .mois = 1, .jour = 1, .heure = 0, .minute = 0}, "12 b:19800101:0h00"},
              {{.nom = "a", .annee = 1999}, "12 b:19991224:14h05"},
@@ -216,6 +217,9 @@ TEST_F(ZipTest, FinsEtEnvirons)
                  ab.substr(a.size() - 9) + Fin(2, taille, place),
                  {"b" + suite}},
              Cas{"second record damaged", Avec(debut, place + a.size(), "?") + bon, {"a" + suite}},
+             Cas{"size, and second record damaged",
+                 Avec(debut, place + a.size(), "?") + Fin(2, taille + 9, place),
+                 {"a" + suite}},
              Cas{"first record damaged", Avec(debut, place, "?") + bon, {"b" + suite}},
              Cas{"name beyond the file", donnees + Avec(a, 28, "\xFF\xFF") + Fin(1, a.size(), place), aucune},
              Cas{"extra bytes beyond the file",
@@ -225,6 +229,7 @@ TEST_F(ZipTest, FinsEtEnvirons)
                  donnees + Avec(a, 32, "\3") + "PK." + c + Fin(2, taille + 3, place),
                  {"a" + suite, "c" + suite}},
              Cas{"64", debut + Fin64(2, taille, place, place + taille), lesDeux},
+             Cas{"64, directory alone", ab + Fin64(2, taille, 0, taille), lesDeux},
              Cas{"64, program not counted", stub + debut + Fin64(2, taille, place, place + taille), lesDeux},
              Cas{"64, size", debut + Fin64(2, taille + 9, place, place + taille), lesDeux},
              Cas{"64, record lost", debut + Fin64(2, taille, place, UINT64_MAX), lesDeux},
@@ -265,6 +270,10 @@ TEST_F(ZipTest, DossiersUneFois)
             ConstruireTv(ligne, tv);
         EXPECT_EQ(TexteArbre(tv), noeuds);
     }
+    tv = ArbreArchive();
+    for (int parent = 0; parent < 1000; ++parent)  // one name below many
+        ConstruireTv(std::to_string(parent) + "/d/x:1 b", tv);
+    EXPECT_EQ(tv.Nombre(), 1 + 3 * 1000);
     const std::string profond = Fois(100000, "p/");
     tv = ArbreArchive();
     for (const char* membre : {"x:1 b", "y:1 b"})

@@ -35,7 +35,7 @@ std::string Debut4(int drapeaux = 0, const std::string& commentaire = "")
 
 struct Plus4 {
     int drapeaux = 0, type = 0x74, systeme = 2;
-    std::string horsSomme = {};
+    std::string horsSomme = {}, sel = {};
 };
 
 // The header; `paquet` bytes are to follow it.
@@ -44,7 +44,7 @@ std::string Entete4(const std::string& nom, uint64_t taille, uint64_t paquet, co
     const std::string hautes = plus.drapeaux & 0x100 ? Petit(paquet >> 32, 4) + Petit(taille >> 32, 4) : "";
     return Bloc4(plus.type, plus.drapeaux | 0x8000,
                  Petit(paquet, 4) + Petit(taille, 4) + Petit(plus.systeme, 9) + "\x1D\x33" + Petit(nom.size()) +
-                     Petit(0x20, 4) + hautes + nom,
+                     Petit(0x20, 4) + hautes + nom + plus.sel,
                  plus.horsSomme);
 }
 
@@ -137,6 +137,8 @@ TEST_F(Rar, Archives)
         {"comments inside headers and between them",
          Debut4(2, commentaire) + Membre4("a.txt", 12, {.drapeaux = 8, .horsSomme = commentaire}) + commentaire + b4,
          ab},
+        {"salt before a comment",
+         debut4 + Membre4("a.txt", 12, {.drapeaux = 0x408, .horsSomme = commentaire, .sel = "selselse"}) + b4, ab},
         {"supplement 5",
          debut5 + Membre5("a.txt", 12, {.supplement = "\x02\x7F\x01"}) + Membre5("b.txt", 34, {.supplement = "?"}), ab},
 

@@ -31,3 +31,19 @@ TEST_F(MembresTest, ChampsDesMembres)
     FixerAbandon(true);
     EXPECT_EQ(lister("un.zip"), std::vector<std::string>());
 }
+
+// A picture that lacks a field shows that of the one before it, within a run.
+TEST_F(MembresTest, ImagesCourtes)
+{
+    Ecrire(disque_ / "a.tga", Petit(0, 12) + Petit(7) + Petit(5) + Petit(24, 1));
+    Ecrire(disque_ / "b.tga", "");
+    const auto lire = [&](const char* nom) {
+        EXPECT_EQ(Lire(Inscrire(nom, nom).numero), FinExtraction::Complete);
+        std::vector<std::string> lignes =
+            Lignes("select * from Liste where Nom = 'b.tga' order by Num", {"Description"});
+        return lignes.back();
+    };
+    EXPECT_EQ(lire("CD1"), "7*5*24xTGA");
+    std::filesystem::remove(disque_ / "a.tga");
+    EXPECT_EQ(lire("CD2"), "0*0*0xTGA");
+}

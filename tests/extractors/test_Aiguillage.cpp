@@ -15,7 +15,6 @@ TEST_F(AiguillageTest, BrancheParExtension)
     const std::string ogg =
         "\3vorbis\x1D"
         "DATE=\1\5vorbis";
-    // "NE" within the DOS header is no program; what must not happen is that 64 bytes are too few to look.
     struct Cas {
         const char *extension, *cle;
         std::string court, debut;

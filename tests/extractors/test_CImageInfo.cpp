@@ -138,6 +138,7 @@ TEST_F(Images, FichiersCourts)
                         {"without the last byte", pcx, "640x480x32xPCX"},
                         {"half a word is none", "\x0A\x05\x01\x01"s + Petit(5) + Petit(0) + '\x9', "635x480x32xPCX"},
                         {"another file", "PNG", SansDescription},
+                        {"another maker", "\t", SansDescription},
                     });
     Verifier("tga", {
                         {"whole", tga + '\x20', "50000*480*32xTGA"},
