@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <optional>
 #include <string>
 
@@ -20,7 +21,7 @@ constexpr size_t LongueurNom = 255;  // characters of a path that are kept (part
 // How far from the end of the file the end of the archive is looked for, first near and then far, and how far before
 // that its directory where nothing tells its place (particularité Xlecteurs32).
 constexpr std::array<uint64_t, 3> Portees = {4 << 10, 128 << 10, 1 << 20};
-constexpr uint64_t PlusLongRepertoire = 64 << 20;
+constexpr uint64_t PlusLongRepertoire = 16 << 20;
 
 // What the end of an archive tells of its central directory. Any of it may be wrong.
 struct Repertoire {
@@ -70,11 +71,13 @@ bool MembreA(const Fichier& fichier, uint64_t place)
 // The first member whose record, with those that follow it, leads to the end of the directory.
 std::optional<uint64_t> ChercherSuite(const Fichier& fichier, uint64_t fin)
 {
+    LecteurOctets lecteur(fichier);
+    MembreZip membre;
     uint64_t place = fin - std::min(fin, PlusLongRepertoire);
     while ((place = Chercher(fichier, MembreZip::Signature, place, fin)) != Introuvable) {
-        LecteurOctets lecteur(fichier, place);
         const uint64_t debut = place;
-        for (MembreZip membre; membre.Lire(lecteur);)
+        lecteur.Aller(place);
+        while (membre.Lire(lecteur))
             place = lecteur.Position();
         if (place == fin)
             return debut;
@@ -100,6 +103,7 @@ std::optional<uint64_t> TrouverRepertoire(const Fichier& fichier)
     constexpr int essais = 100;  // a comment may hold what looks like an end, but not without end
 
     const uint64_t taille = fichier.Taille();
+    bool cherchee = false;  // the suite of the last end
     for (const uint64_t portee : Portees) {
         const uint64_t debut = taille - std::min(taille, portee);
         const std::string suite = LecteurOctets(fichier, debut).Octets(portee);
@@ -110,8 +114,9 @@ std::optional<uint64_t> TrouverRepertoire(const Fichier& fichier)
                 return std::nullopt;
             if (const auto trouve = DebutRepertoire(fichier, repertoire))
                 return trouve;
-            if (const auto trouve = essai == 0 ? ChercherSuite(fichier, repertoire.fin) : std::nullopt)
+            if (const auto trouve = cherchee ? std::nullopt : ChercherSuite(fichier, repertoire.fin))
                 return trouve;
+            cherchee = true;
             place = place > 0 ? suite.rfind(FinZip::Signature, place - 1) : std::string::npos;
         }
         if (debut == 0)
@@ -142,8 +147,10 @@ std::string Ligne(const MembreZip& membre, uint64_t taille)
 {
     const int annee = 1980 + (membre.date >> 9), mois = membre.date >> 5 & 15, jour = membre.date & 31;
     const int heure = membre.heure >> 11, minute = membre.heure >> 5 & 63;
-    return fmt::format(FMT_COMPILE("{}:{}:{:04}{:02}{:02}:{}h{:02}"), Montrer(NomZip(membre)),
-                       FormatTaille(static_cast<double>(taille)), Annee(annee), mois, jour, heure, minute);
+    std::string ligne(Montrer(NomZip(membre)));
+    fmt::format_to(std::back_inserter(ligne), FMT_COMPILE(":{}:{:04}{:02}{:02}:{}h{:02}"),
+                   FormatTaille(static_cast<double>(taille)), Annee(annee), mois, jour, heure, minute);
+    return ligne;
 }
 
 }  // namespace
