@@ -246,14 +246,15 @@ void Dossier(const Arguments& arguments)
 // The path, the setting of the branch chosen ("-" for none) and the description, by tabs.
 void Decrire(const Arguments& arguments)
 {
+    EtatExtracteurs etat;
     for (size_t i = 1; i < arguments.size(); ++i) {
         const std::string nom = NomEnTexte(fs::path(arguments[i]).filename().string());
         const std::string extension = ExtensionFichier(nom);
         const Branche& branche = ChoisirBranche(extension);
-        const bool voulue = branche.extraire && branche.Voulue() && BrancheAdmise(branche, nom, arguments[i]);
+        const bool voulue = !ChoisirSorte(extension) && branche.Voulue() && BrancheAdmise(branche, nom, arguments[i]);
         std::string description;
         if (voulue)
-            branche.extraire({Fichier(arguments[i]), arguments[i], extension}, description);
+            ExtraireDescription({Fichier(arguments[i]), arguments[i], extension, etat}, description);
         fmt::print("{}\t{}\t{}\n", arguments[i], voulue ? branche.cle : "-", EnUneLigne(description));
     }
 }

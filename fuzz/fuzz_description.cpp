@@ -6,8 +6,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "extractors/Aiguillage.h"
 #include "commun/Texte.h"
+#include "extractors/Aiguillage.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* octets, size_t taille)
 {
@@ -15,8 +15,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* octets, size_t taille)
     if (memoire < 0 || write(memoire, octets, taille) != static_cast<ssize_t>(taille))
         abort();
     const Fichier fichier(memoire);
+    EtatExtracteurs etat;
     std::string description;
-    ChoisirBranche(EXTENSION).extraire({fichier, "D:\\entree." EXTENSION, EXTENSION}, description);
+    ExtraireDescription({fichier, "D:\\entree." EXTENSION, EXTENSION, etat}, description);
     if (!Utf8Valide(description))
         abort();
     return 0;

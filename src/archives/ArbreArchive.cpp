@@ -46,13 +46,18 @@ int32_t ArbreArchive::Dossier(int32_t parent, std::string_view nom)
 
 int32_t ArbreArchive::Dossiers(std::string_view chemin, char separateur, std::string_view& dernier)
 {
-    int32_t parent = Racine;
+    const size_t debut = chemin.rfind(separateur) + 1;  // 0 without separator
+    const std::string_view dossiers = chemin.substr(0, debut);
+    dernier = chemin.substr(debut);
+    if (dossiers == derniers_)
+        return dernier_;
+    derniers_ = dossiers;
+    dernier_ = Racine;
     for (size_t fin = chemin.find(separateur); fin != chemin.npos; fin = chemin.find(separateur)) {
-        parent = Dossier(parent, chemin.substr(0, fin));
+        dernier_ = Dossier(dernier_, chemin.substr(0, fin));
         chemin.remove_prefix(fin + 1);
     }
-    dernier = chemin;
-    return parent;
+    return dernier_;
 }
 
 void ArbreArchive::Membre(int32_t parent, std::string texte)

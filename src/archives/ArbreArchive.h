@@ -37,6 +37,8 @@ private:
     void Agrandir();
 
     std::deque<Noeud> noeuds_;
+    std::string derniers_;        // the folders that the last path led through, with their separator
+    int32_t dernier_ = Racine;    // where they ended: most paths lead where the one before did
     std::vector<int32_t> cases_;  // the folders by parent and name: open addressing, a power of two, 0 where free
     size_t dossiers_ = 0;
 };

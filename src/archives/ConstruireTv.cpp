@@ -1,15 +1,10 @@
 #include "archives/ConstruireTv.h"
 
-#include "store/CycleBase.h"
+#include <string>
 
-void ConstruireTv(const std::vector<std::string>& lignes, ArbreArchive& tv)
+void ConstruireTv(std::string_view ligne, ArbreArchive& tv)
 {
-    tv = ArbreArchive();
-    for (const std::string& ligne : lignes) {
-        if (ExtractionAbandonnee())
-            return;
-        std::string_view membre;
-        const int32_t dossier = tv.Dossiers(ligne, '/', membre);
-        tv.Membre(dossier, std::string(membre));
-    }
+    std::string_view membre;
+    const int32_t dossier = tv.Dossiers(ligne, '/', membre);
+    tv.Membre(dossier, std::string(membre));
 }

@@ -1,6 +1,6 @@
 #include "archives/EntetesRar4.h"
 
-#include "archives/ChampsRar.h"
+#include "archives/ChampsOctets.h"
 #include "commun/Texte.h"
 
 namespace {
@@ -13,7 +13,7 @@ std::u16string DeplierNom(std::string_view nom, std::string_view differences)
     enum Code : uint8_t { OctetSeul, OctetHaut, DeuxOctets, Copie };
     constexpr unsigned corrigee = 0x80;
 
-    ChampsRar champs(differences);
+    ChampsOctets champs(differences);
     const auto haut = static_cast<char16_t>(champs.PetitBoutiste<uint8_t>() << 8);
     std::u16string texte;
     unsigned codes = 0;
@@ -47,7 +47,7 @@ bool BlocRar4::Lire(LecteurOctets& lecteur)
     octets.resize(TailleBase);
     if (!lecteur.Lire(octets.data(), TailleBase))
         return false;
-    ChampsRar base(octets);
+    ChampsOctets base(octets);
     somme = base.PetitBoutiste<uint16_t>();
     type = base.PetitBoutiste<uint8_t>();
     drapeaux = base.PetitBoutiste<uint16_t>();
@@ -58,7 +58,7 @@ bool BlocRar4::Lire(LecteurOctets& lecteur)
     octets.resize(taille);
     if (!lecteur.Lire(octets.data() + TailleBase, taille - TailleBase))
         return false;
-    ChampsRar suite(std::string_view(octets).substr(TailleBase));
+    ChampsOctets suite(std::string_view(octets).substr(TailleBase));
     tailleDonnees = drapeaux & AvecDonnees ? suite.PetitBoutiste<uint32_t>() : 0;
     return suite.Complets();
 }
@@ -68,12 +68,12 @@ bool BlocRar4::SommeJuste(size_t couverts) const
     const bool ancien = type == Commentaire || type == Authenticite || type == SousBloc || type == Signature;
     if (ancien)
         return true;  // written with a CRC of other bytes, or of none
-    return SommeRarJuste(std::string_view(octets).substr(sizeof somme, couverts - sizeof somme), somme, 0xFFFF);
+    return ::SommeJuste(std::string_view(octets).substr(sizeof somme, couverts - sizeof somme), somme, 0xFFFF);
 }
 
 bool PrincipalRar4::Lire(const BlocRar4& bloc)
 {
-    ChampsRar champs(std::string_view(bloc.octets).substr(TailleBase));
+    ChampsOctets champs(std::string_view(bloc.octets).substr(TailleBase));
     placeSignatureHaute = champs.PetitBoutiste<uint16_t>();
     placeSignature = champs.PetitBoutiste<uint32_t>();
     versionChiffre = bloc.drapeaux & AvecVersionChiffre ? champs.PetitBoutiste<uint8_t>() : 0;
@@ -84,7 +84,7 @@ bool PrincipalRar4::Lire(const BlocRar4& bloc)
 
 bool MembreRar4::Lire(const BlocRar4& bloc)
 {
-    ChampsRar champs(std::string_view(bloc.octets).substr(TailleBase));
+    ChampsOctets champs(std::string_view(bloc.octets).substr(TailleBase));
     taillePaquet = champs.PetitBoutiste<uint32_t>();
     tailleReelle = champs.PetitBoutiste<uint32_t>();
     systeme = champs.PetitBoutiste<uint8_t>();
@@ -106,7 +106,7 @@ std::string NomRar4(std::string_view nom, bool unicode)
 {
     const size_t nul = nom.find('\0');
     const std::string_view simple = nom.substr(0, nul);
-    if (!unicode || nul == nom.npos || nul + 1 == nom.size())
+    if (!unicode || nul == nom.npos)
         return NomEnTexte(simple);
     const std::u16string deplie = DeplierNom(simple, nom.substr(nul + 1));
     return deplie.empty() || deplie.front() == 0 ? NomEnTexte(simple) : Utf16EnTexte(deplie);

@@ -53,8 +53,8 @@ struct PrincipalRar4 {
 
 // A member, or a block of the archive's service, which has the same form.
 struct MembreRar4 {
-    static constexpr uint16_t SuiteAilleurs = 0x0002, Commentaire = 0x0008, Dossier = 0x00E0, Grand = 0x0100,
-                              Unicode = 0x0200, Sel = 0x0400;
+    static constexpr uint16_t SuiteAilleurs = 0x0002, Commentaire = 0x0008, Grand = 0x0100, Unicode = 0x0200,
+                              Sel = 0x0400;
 
     uint32_t taillePaquet = 0;
     uint32_t tailleReelle = 0;

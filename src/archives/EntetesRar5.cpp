@@ -1,6 +1,6 @@
 #include "archives/EntetesRar5.h"
 
-#include "archives/ChampsRar.h"
+#include "archives/ChampsOctets.h"
 
 bool BlocRar5::Lire(LecteurOctets& lecteur)
 {
@@ -15,16 +15,16 @@ bool BlocRar5::Lire(LecteurOctets& lecteur)
             return false;
         octets += static_cast<char>(octet);
     }
-    taille = ChampsRar(octets).Variable();
+    taille = ChampsOctets(octets).Variable();
     if (taille == 0 || taille > TailleMaximale || taille > lecteur.Reste())
         return false;
 
     const size_t debut = octets.size();
     octets.resize(debut + static_cast<size_t>(taille));
-    if (!lecteur.Lire(octets.data() + debut, static_cast<size_t>(taille)) || !SommeRarJuste(octets, somme, UINT32_MAX))
+    if (!lecteur.Lire(octets.data() + debut, static_cast<size_t>(taille)) || !SommeJuste(octets, somme))
         return false;
 
-    ChampsRar suite(std::string_view(octets).substr(debut));
+    ChampsOctets suite(std::string_view(octets).substr(debut));
     type = suite.Variable();
     drapeaux = suite.Variable();
     tailleSupplement = drapeaux & AvecSupplement ? suite.Variable() : 0;
@@ -35,14 +35,14 @@ bool BlocRar5::Lire(LecteurOctets& lecteur)
 
 bool PrincipalRar5::Lire(const BlocRar5& bloc)
 {
-    ChampsRar suite(bloc.champs);
+    ChampsOctets suite(bloc.champs);
     drapeaux = suite.Variable();
     return suite.Complets();
 }
 
 bool MembreRar5::Lire(const BlocRar5& bloc)
 {
-    ChampsRar suite(bloc.champs);
+    ChampsOctets suite(bloc.champs);
     drapeaux = suite.Variable();
     tailleReelle = suite.Variable();
     attributs = suite.Variable();

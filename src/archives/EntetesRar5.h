@@ -42,7 +42,7 @@ struct PrincipalRar5 {
 };
 
 struct MembreRar5 {
-    static constexpr uint64_t Dossier = 0x01, AvecDate = 0x02, AvecSomme = 0x04, TailleInconnue = 0x08;
+    static constexpr uint64_t AvecDate = 0x02, AvecSomme = 0x04, TailleInconnue = 0x08;
 
     uint64_t drapeaux = 0;
     uint64_t tailleReelle = 0;

@@ -5,20 +5,20 @@
 #include "archives/Rar.h"
 #include "commun/Formes.h"
 #include "platform/FormesLocales.h"
-#include "store/CycleBase.h"
 
-void ListerRar(const Fichier& fichier, ArbreArchive& tv)
+void ListerRar(const Fichier& fichier, std::stop_token arret, ArbreArchive& tv)
 {
+    tv = ArbreArchive();
     ArchiveRar archive(fichier);
     if (!archive.RAROpenArchive())
         return;
 
     EnteteRar entete;
-    while (!ExtractionAbandonnee() && archive.RARReadHeader(entete)) {
+    while (!arret.stop_requested() && archive.RARReadHeader(entete)) {
         archive.RARProcessFile();
         std::string_view dernier;
         const int32_t parent = tv.Dossiers(entete.FileName, '\\', dernier);
-        if (entete.dossier || entete.UnpSize == 0) {  // empty files stand as folders, by intent
+        if (entete.UnpSize == 0) {  // kept, particularité 23
             if (!dernier.empty())
                 tv.Dossier(parent, dernier);
             continue;

@@ -1,162 +1,170 @@
 #include "archives/ListerZip.h"
 
-#include <zip.h>
-
 #include <algorithm>
-#include <ctime>
-#include <memory>
-#include <string_view>
+#include <array>
+#include <iterator>
+#include <optional>
+#include <string>
 
-#include <fmt/format.h>
+#include <fmt/compile.h>
 
+#include "archives/ConstruireTv.h"
+#include "archives/EntetesZip.h"
 #include "commun/Formes.h"
 #include "commun/Texte.h"
 #include "platform/FormesLocales.h"
-#include "platform/LecteurOctets.h"
-#include "store/CycleBase.h"
 
 namespace {
 
-constexpr size_t LongueurNom = 255;              // characters of a path that are kept
-constexpr uint64_t PlusLongProgramme = 1 << 20;  // in front of an archive that unpacks itself
+constexpr size_t LongueurNom = 255;  // characters of a path that are kept (particularité 24)
 
-// The file from `debut` on, as the library asks for it.
-struct Source {
-    Source(const Fichier& fichier, uint64_t premier) : lecteur(fichier, premier), debut(premier)
-    {
-        taille = lecteur.Reste();
-        zip_error_init(&erreur);
-    }
-    ~Source() { zip_error_fini(&erreur); }
-    Source(const Source&) = delete;
-    Source& operator=(const Source&) = delete;
+// How far from the end of the file the end of the archive is looked for, first near and then far, and how far before
+// that its directory where nothing tells its place (particularité 40).
+constexpr std::array<uint64_t, 3> Portees = {4 << 10, 128 << 10, 1 << 20};
+constexpr uint64_t PlusLongRepertoire = 16 << 20;
 
-    zip_int64_t Lire(void* cible, uint64_t nombre)
-    {
-        nombre = std::min(nombre, lecteur.Reste());
-        if (!ExtractionAbandonnee() && lecteur.Lire(cible, static_cast<size_t>(nombre)))
-            return static_cast<zip_int64_t>(nombre);
-        zip_error_set(&erreur, ZIP_ER_READ, 0);
-        return -1;
-    }
-
-    zip_int64_t Aller(void* demande, uint64_t nombre)
-    {
-        const zip_int64_t place =
-            zip_source_seek_compute_offset(lecteur.Position() - debut, taille, demande, nombre, &erreur);
-        if (place < 0)
-            return -1;
-        lecteur.Aller(debut + static_cast<uint64_t>(place));
-        return 0;
-    }
-
-    zip_int64_t Decrire(void* cible) const
-    {
-        auto* etat = static_cast<zip_stat_t*>(cible);
-        zip_stat_init(etat);
-        etat->size = taille;
-        etat->valid = ZIP_STAT_SIZE;
-        return sizeof *etat;
-    }
-
-    LecteurOctets lecteur;
-    uint64_t debut;
+// What the end of an archive tells of its central directory. Any of it may be wrong.
+struct Repertoire {
     uint64_t taille;
-    zip_error_t erreur;
+    uint64_t place;  // from the beginning of the archive, which may lie behind a program
+    uint64_t fin;    // where the record behind it stands
+    bool vide;
 };
 
-zip_int64_t Repondre(void* etat, void* donnees, zip_uint64_t nombre, zip_source_cmd_t commande)
+// The directory of an archive whose end stands at `place`.
+Repertoire LireFin(const Fichier& fichier, uint64_t place)
 {
-    auto& source = *static_cast<Source*>(etat);
-    switch (commande) {
-        case ZIP_SOURCE_SUPPORTS: return ZIP_SOURCE_SUPPORTS_SEEKABLE;
-        case ZIP_SOURCE_OPEN: source.lecteur.Aller(source.debut); return 0;
-        case ZIP_SOURCE_READ: return source.Lire(donnees, nombre);
-        case ZIP_SOURCE_SEEK: return source.Aller(donnees, nombre);
-        case ZIP_SOURCE_TELL: return static_cast<zip_int64_t>(source.lecteur.Position() - source.debut);
-        case ZIP_SOURCE_STAT: return source.Decrire(donnees);
-        case ZIP_SOURCE_ERROR: return zip_error_to_data(&source.erreur, donnees, nombre);
-        case ZIP_SOURCE_CLOSE:
-        case ZIP_SOURCE_FREE: return 0;
-        default: zip_error_set(&source.erreur, ZIP_ER_OPNOTSUPP, 0); return -1;
+    LecteurOctets lecteur(fichier, place);
+    FinZip fin;
+    const bool entiere = fin.Lire(lecteur);
+    Repertoire repertoire{fin.tailleRepertoire, fin.placeRepertoire, place,
+                          entiere && fin.membres == 0 && fin.tailleRepertoire == 0};
+
+    RenvoiZip64 renvoi;
+    lecteur.Aller(place - std::min(place, RenvoiZip64::Taille));
+    if (place < RenvoiZip64::Taille + FinZip64::Taille || !renvoi.Lire(lecteur))
+        return repertoire;
+    // Where it says, or, when a program in front was not counted, directly before.
+    for (const uint64_t candidat : {renvoi.place, place - RenvoiZip64::Taille - FinZip64::Taille}) {
+        FinZip64 grande;
+        lecteur.Aller(candidat);
+        if (candidat >= place || !grande.Lire(lecteur))
+            continue;
+        if (fin.tailleRepertoire == UINT32_MAX)
+            repertoire.taille = grande.tailleRepertoire;
+        if (fin.placeRepertoire == UINT32_MAX)
+            repertoire.place = grande.placeRepertoire;
+        repertoire.fin = candidat;
+        break;
     }
+    return repertoire;
 }
 
-using Archive = std::unique_ptr<zip_t, decltype(&zip_discard)>;
-
-// Null, and why in `erreur`, when the source holds no archive. The source must outlive the archive.
-Archive Ouvrir(Source& source, int& erreur)
+bool MembreA(const Fichier& fichier, uint64_t place)
 {
-    zip_error_t raison;
-    zip_error_init(&raison);
-    zip_t* archive = nullptr;
-    if (zip_source_t* entree = zip_source_function_create(Repondre, &source, &raison)) {
-        archive = zip_open_from_source(entree, ZIP_RDONLY, &raison);
-        if (!archive)
-            zip_source_free(entree);
+    std::array<char, 4> signature;
+    LecteurOctets lecteur(fichier, place);
+    return lecteur.PetitBoutiste(signature) &&
+           std::string_view(signature.data(), signature.size()) == MembreZip::Signature;
+}
+
+// The first member whose record, with those that follow it, leads to the end of the directory.
+std::optional<uint64_t> ChercherSuite(const Fichier& fichier, uint64_t fin)
+{
+    LecteurOctets lecteur(fichier);
+    MembreZip membre;
+    uint64_t place = fin - std::min(fin, PlusLongRepertoire);
+    while ((place = Chercher(fichier, MembreZip::Signature, place, fin)) != Introuvable) {
+        const uint64_t debut = place;
+        lecteur.Aller(place);
+        while (membre.Lire(lecteur))
+            place = lecteur.Position();
+        if (place == fin)
+            return debut;
+        place = std::max(place, debut + MembreZip::Signature.size());
     }
-    erreur = zip_error_code_zip(&raison);
-    zip_error_fini(&raison);
-    return {archive, &zip_discard};
+    return std::nullopt;
+}
+
+// Where the directory begins: before its end by its size, as a program in front may not be counted, else at the place
+// given.
+std::optional<uint64_t> DebutRepertoire(const Fichier& fichier, const Repertoire& repertoire)
+{
+    if (repertoire.taille <= repertoire.fin && MembreA(fichier, repertoire.fin - repertoire.taille))
+        return repertoire.fin - repertoire.taille;
+    if (repertoire.place < repertoire.fin && MembreA(fichier, repertoire.place))
+        return repertoire.place;
+    return std::nullopt;
+}
+
+// The directory of the last archive in the file: of the last end that has one.
+std::optional<uint64_t> TrouverRepertoire(const Fichier& fichier)
+{
+    constexpr int essais = 100;  // a comment may hold what looks like an end, but not without end
+
+    const uint64_t taille = fichier.Taille();
+    bool cherchee = false;  // the suite of the last end
+    for (const uint64_t portee : Portees) {
+        const uint64_t debut = taille - std::min(taille, portee);
+        const std::string suite = LecteurOctets(fichier, debut).Octets(portee);
+        size_t place = suite.rfind(FinZip::Signature);
+        for (int essai = 0; essai < essais && place != std::string::npos; ++essai) {
+            const Repertoire repertoire = LireFin(fichier, debut + place);
+            if (repertoire.vide)
+                return std::nullopt;
+            if (const auto trouve = DebutRepertoire(fichier, repertoire))
+                return trouve;
+            if (const auto trouve = cherchee ? std::nullopt : ChercherSuite(fichier, repertoire.fin))
+                return trouve;
+            cherchee = true;
+            place = place > 0 ? suite.rfind(FinZip::Signature, place - 1) : std::string::npos;
+        }
+        if (debut == 0)
+            break;
+    }
+    return std::nullopt;
 }
 
 // The path as it is shown: its first characters, without blanks around them.
-std::string Nom(const char* nomMembre)
+std::string_view Montrer(std::string_view nom)
 {
-    const std::string texte = NomEnTexte(nomMembre);
-    size_t fin = 0;
-    for (size_t caracteres = 0; caracteres < LongueurNom && fin < texte.size(); ++caracteres)
-        CaractereSuivant(texte, fin);
-    return std::string(Trim(std::string_view(texte).substr(0, fin)));
+    size_t fin = std::min(nom.size(), LongueurNom);  // no shorter than its characters
+    if (fin < nom.size())
+        for (size_t caracteres = fin = 0; caracteres < LongueurNom && fin < nom.size(); ++caracteres)
+            CaractereSuivant(nom, fin);
+    return Trim(nom.substr(0, fin));
 }
 
-// The year is told by its last two digits alone: 2003 gives "2003", but 2012 gives "0012". This is meant.
-std::string Annee(int annee)
+// The year is told by its last two digits alone: 2003 stays, but 2012 becomes 12 (kept, particularité 16).
+int Annee(int annee)
 {
     const int deuxChiffres = annee % 100;
-    const std::string texte = fmt::format("{}{}", deuxChiffres < 50 ? "200" : "19", deuxChiffres);
-    return texte.substr(texte.size() - 4);
+    return deuxChiffres + (deuxChiffres < 10 ? 2000 : deuxChiffres < 50 ? 0 : 1900);
 }
 
-std::string Ligne(const zip_stat_t& membre)
+// Date and time as the bits say, whether the calendar has them or not.
+std::string Ligne(const MembreZip& membre, uint64_t taille)
 {
-    tm date{};  // the archive holds local time, which the library took for that of this machine
-    localtime_r(&membre.mtime, &date);
-    return fmt::format("{}:{}:{}{:02}{:02}:{}h{:02}", Nom(membre.name), FormatTaille(static_cast<double>(membre.size)),
-                       Annee(date.tm_year + 1900), date.tm_mon + 1, date.tm_mday, date.tm_hour, date.tm_min);
-}
-
-std::vector<std::string> Lignes(zip_t* archive)
-{
-    constexpr zip_uint64_t connus = ZIP_STAT_NAME | ZIP_STAT_SIZE | ZIP_STAT_MTIME;
-    std::vector<std::string> lignes;
-    const auto nombre = static_cast<zip_uint64_t>(zip_get_num_entries(archive, 0));
-    for (zip_uint64_t rang = 0; rang < nombre && !ExtractionAbandonnee(); ++rang) {
-        zip_stat_t membre;
-        if (zip_stat_index(archive, rang, ZIP_FL_ENC_GUESS, &membre) != 0 || (membre.valid & connus) != connus)
-            continue;
-        if (membre.size > 0)
-            lignes.push_back(Ligne(membre));
-    }
-    return lignes;
+    const int annee = 1980 + (membre.date >> 9), mois = membre.date >> 5 & 15, jour = membre.date & 31;
+    const int heure = membre.heure >> 11, minute = membre.heure >> 5 & 63;
+    std::string ligne(Montrer(NomZip(membre)));
+    fmt::format_to(std::back_inserter(ligne), FMT_COMPILE(":{}:{:04}{:02}{:02}:{}h{:02}"),
+                   FormatTaille(static_cast<double>(taille)), Annee(annee), mois, jour, heure, minute);
+    return ligne;
 }
 
 }  // namespace
 
-std::vector<std::string> ListerZip(const Fichier& fichier)
+void ListerZip(const Fichier& fichier, std::stop_token arret, ArbreArchive& tv)
 {
-    int erreur = ZIP_ER_OK;
-    Source source(fichier, 0);
-    if (const Archive archive = Ouvrir(source, erreur))
-        return Lignes(archive.get());
-    if (erreur != ZIP_ER_NOZIP)
-        return {};
-
-    // Behind a program whose length the places in the archive leave out.
-    const uint64_t debut = Chercher(fichier, "PK\3\4", 0, PlusLongProgramme);
-    if (debut == 0 || debut == Introuvable)
-        return {};
-    Source suite(fichier, debut);
-    const Archive archive = Ouvrir(suite, erreur);
-    return archive ? Lignes(archive.get()) : std::vector<std::string>();
+    tv = ArbreArchive();
+    const auto debut = TrouverRepertoire(fichier);
+    if (!debut)
+        return;
+    // The count at the end is not asked: what is a member's record is a member. Those that hold nothing, folders among
+    // them, have no line (kept, particularité 22).
+    LecteurOctets lecteur(fichier, *debut);
+    for (MembreZip membre; !arret.stop_requested() && membre.Lire(lecteur);)
+        if (const uint64_t taille = TailleReelle(membre); taille > 0)
+            ConstruireTv(Ligne(membre, taille), tv);
 }

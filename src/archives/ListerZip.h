@@ -1,11 +1,11 @@
 #pragma once
 
-#include <string>
-#include <vector>
+#include <stop_token>
 
+#include "archives/ArbreArchive.h"
 #include "platform/Fichier.h"
 
-// One line "path:size:yyyymmdd:HhMM" for each member of a ZIP archive that holds something, in the order of its central
-// directory; "/" separates the elements of a path. Empty members and folders give none. Empty for anything that is no
-// sound archive.
-std::vector<std::string> ListerZip(const Fichier& fichier);
+// Fills the tree, emptied first, with the members of a ZIP archive that hold something, in the order of its central
+// directory: "name:size:yyyymmdd:HhMM" below the folders of their path. Empty members and folders give none. Nothing
+// for a file that is no sound archive.
+void ListerZip(const Fichier& fichier, std::stop_token arret, ArbreArchive& tv);

@@ -10,7 +10,7 @@ namespace {
 
 constexpr uint64_t PlusGrandExtracteur = 1024 * 1024;  // program before a self-extracting archive
 
-// The name as it fits the 260 characters, the last of them a NUL, that the operations hand it over in.
+// The first 259 characters of a name (particularité 24), its folders separated by "\".
 std::string ChampFileName(std::string nom)
 {
     constexpr size_t longueur = 259;
@@ -35,7 +35,6 @@ EnteteRar Retenir(const BlocRar4& bloc, const MembreRar4& membre)
     return {
         .FileName = ChampFileName(NomRar4(membre.nom, bloc.drapeaux & MembreRar4::Unicode)),
         .UnpSize = taille == UINT64_MAX ? std::nullopt : std::optional(taille),
-        .dossier = (bloc.drapeaux & MembreRar4::Dossier) == MembreRar4::Dossier,
     };
 }
 
@@ -45,7 +44,6 @@ EnteteRar Retenir(const MembreRar5& membre)
     return {
         .FileName = ChampFileName(NomEnTexte(membre.nom.substr(0, membre.nom.find('\0')))),
         .UnpSize = inconnue ? std::nullopt : std::optional(membre.tailleReelle),
-        .dossier = (membre.drapeaux & MembreRar5::Dossier) != 0,
     };
 }
 

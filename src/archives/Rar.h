@@ -10,7 +10,6 @@
 struct EnteteRar {
     std::string FileName;             // "\" between elements, 259 characters at most
     std::optional<uint64_t> UnpSize;  // bytes; none when the archive does not tell
-    bool dossier = false;
 };
 
 // The members of a RAR archive of version 1.5 to 5, or of a self-extracting one, header by header: data is stepped over

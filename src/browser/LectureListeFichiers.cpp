@@ -14,10 +14,11 @@ namespace {
 // Adds the extensions of one reading to those known in the base, and the base is told once.
 class ExtensionsLues {
 public:
+    explicit ExtensionsLues(Base& base) : base_(base) {}
     ~ExtensionsLues()
     {
         if (accrue_)
-            EnregistrerExtensions();
+            EnregistrerExtensions(base_);
     }
     void Noter(const std::string& extension)
     {
@@ -27,6 +28,7 @@ public:
 
 private:
     std::unordered_set<std::string> vues_;
+    Base& base_;
     bool accrue_ = false;
 };
 
@@ -50,7 +52,7 @@ Lecture LectureListeFichiers(const std::string& cle, IconesExtensions& icones, c
     const ChampsItem champs(lignes);
     const bool dansArchive = EstCleDansArchive(cle);
     TextesItem textes;
-    ExtensionsLues extensions;
+    ExtensionsLues extensions(base);
     for (int64_t i = 0; !lignes.Eof() && !arret.stop_requested(); lignes.MoveNext(), ++i) {
         part.store(static_cast<double>(i) / static_cast<double>(nombre), std::memory_order_relaxed);
         ItemListe item = FaireItem(lignes, champs, dansArchive, textes);

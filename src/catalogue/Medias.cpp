@@ -1,6 +1,7 @@
 #include "catalogue/Medias.h"
 
-namespace {
+#include "catalogue/ArretCourse.h"
+#include "store/Transaction.h"
 
 std::string DoublerApostrophes(std::string_view texte)
 {
@@ -9,8 +10,6 @@ std::string DoublerApostrophes(std::string_view texte)
         resultat.append(c == '\'' ? 2 : 1, c);
     return resultat;
 }
-
-}  // namespace
 
 Recordset MediasMontres(Base& base)
 {
@@ -29,12 +28,45 @@ Recordset LireMedia(Base& base, std::string_view numero)
 
 Recordset MediaParIdentifiant(Base& base, std::string_view identifiant)
 {
-    return base.OpenRecordset("select * from Catalogue where Identifiant = '" + DoublerApostrophes(identifiant) +
+    return base.OpenRecordset("select * from Catalogue where Identifiant = '" + std::string(identifiant) +
                               "' order by Identifiant");
 }
 
 Recordset MediaParLabel(Base& base, std::string_view label)
 {
-    return base.OpenRecordset("select * from Catalogue where Label = '" + DoublerApostrophes(label) +
+    return base.OpenRecordset("select * from Catalogue where Label = '" + std::string(label) +
                               "' order by Identifiant");
+}
+
+bool EffacerMedia(Base& base, std::string_view numero)
+{
+    return base.Execute("delete * from Liste where NCatalogue = " + std::string(numero)) &&
+           base.Execute("delete * from Catalogue where Num = " + std::string(numero));
+}
+
+void SupprimerMedia(std::string_view numero, const std::string& chemin)
+{
+    if (numero.empty())
+        return;
+    Base base = OpenDatabase(chemin);
+    Transaction transaction(base);  // does nothing inside another
+    if (EffacerMedia(base, numero))
+        transaction.Valider();
+    ArreterCourse();
+}
+
+bool ModifierCatalogue(int64_t numero, bool drapeau, std::string_view arbre, const std::string& chemin)
+{
+    Base base = OpenDatabase(chemin);
+    Recordset media =
+        base.OpenRecordset("select * from Catalogue where Num = " + std::to_string(numero) + " order by Identifiant");
+    if (media.RecordCount() == 0)
+        return false;
+    media.Edit();
+    media.Poser("Flag", int64_t{drapeau});
+    media.Poser("Tree", arbre);
+    if (!media.Update())
+        return false;
+    media.Bookmark(media.LastModified());
+    return true;
 }

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "store/Base.h"
+#include "store/BaseCourante.h"
 
 // The statements on table `Catalogue`. Each gives a record set, empty when there is no such row. Numbers of media are
 // decimal texts, as keys give them.
@@ -15,6 +16,16 @@ Recordset MediasMontres(Base& base);
 Recordset TousLesMedias(Base& base);
 // One media, to be read or edited.
 Recordset LireMedia(Base& base, std::string_view numero);
-// The media with this identifier or name, "'" included.
+// The media with this identifier or name, in which each "'" must be doubled to be found.
+std::string DoublerApostrophes(std::string_view texte);
 Recordset MediaParIdentifiant(Base& base, std::string_view identifiant);
 Recordset MediaParLabel(Base& base, std::string_view label);
+
+// Deletes what a media holds, then the media itself; false, and the rest undone, when one of them fails inside a
+// transaction.
+bool EffacerMedia(Base& base, std::string_view numero);
+// The same in a transaction of its own, and the run that reads a drive is stopped. Nothing for an empty number.
+void SupprimerMedia(std::string_view numero, const std::string& base = BaseCourante());
+
+// Makes a media visible or not and stores its directory tree; false when nothing could be written.
+bool ModifierCatalogue(int64_t numero, bool drapeau, std::string_view arbre, const std::string& base = BaseCourante());

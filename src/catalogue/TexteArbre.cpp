@@ -1,7 +1,7 @@
 #include "catalogue/TexteArbre.h"
 
 #include "commun/Formes.h"
-#include "store/CycleBase.h"
+#include "catalogue/Medias.h"
 
 namespace {
 

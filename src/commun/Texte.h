@@ -11,7 +11,10 @@
 // One character per byte, Western European ANSI (Windows-1252; the five bytes it leaves open keep their own value).
 std::string AnsiEnTexte(std::string_view octets);
 
-// The reverse; false when a character has no byte.
+// The same from the code page of DOS in Western Europe (850).
+std::string DosEnTexte(std::string_view octets);
+
+// The reverse of the first; false when a character has no byte.
 bool TexteEnAnsi(std::string_view texte, std::string& octets);
 
 // A name as a volume holds it: valid UTF-8 as such, anything else as ANSI.

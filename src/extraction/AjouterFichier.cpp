@@ -1,5 +1,6 @@
 #include "extraction/AjouterFichier.h"
 
+#include "archives/ListerArchive.h"
 #include "catalogue/Cles.h"
 #include "commun/Formes.h"
 #include "extraction/AjouterFichierZip.h"
@@ -7,32 +8,37 @@
 
 namespace {
 
-// Runs the branch of the file's extension. Returns the description, empty when there is none.
-std::string Aiguiller(int64_t media, const LigneFichier& ligne, std::string_view chemin, int64_t numero,
-                      CompteursExtraction& compteurs)
+bool EstLisible(const LigneFichier& ligne)
+{
+    return ligne.parcours && ligne.entree && ligne.entree->ordinaire;
+}
+
+void Lister(const SorteArchive& sorte, Course& course, const LigneFichier& ligne, int64_t numero)
+{
+    ++course.compteurs.archives;
+    if (!sorte.Voulue() || !EstLisible(ligne))
+        return;
+    const Fichier fichier = ligne.parcours->Ouvrir(*ligne.entree);
+    AjouterFichierZip({course.base, fichier, ligne.extension, course.media, numero, course.arret});
+    ++course.compteurs.listees;
+}
+
+// The description of the file, empty when there is none or it is not wanted.
+std::string Decrire(Course& course, const LigneFichier& ligne, std::string_view chemin)
 {
     const Branche& branche = ChoisirBranche(ligne.extension);
-    if (branche.archive)
-        ++compteurs.archives;
-    if ((!branche.extraire && !branche.archive) || !branche.Voulue() || !BrancheAdmise(branche, ligne.nom, chemin) ||
-        !ligne.entree || !ligne.entree->ordinaire || ligne.entree->taille < branche.tailleMinimale)
+    if (!branche.Voulue() || !BrancheAdmise(branche, ligne.nom, chemin) || !EstLisible(ligne) ||
+        ligne.entree->taille < branche.tailleMinimale)
         return {};
-
     const Fichier fichier = ligne.parcours->Ouvrir(*ligne.entree);
     std::string description;
-    if (branche.archive) {
-        AjouterFichierZip({fichier, ligne.extension, media, numero});
-        ++compteurs.listees;
-    } else if (!branche.extraire({fichier, chemin, ligne.extension}, description)) {
-        description.clear();
-    }
+    branche.extraire({fichier, chemin, ligne.extension, course.extracteurs}, description);
     return description;
 }
 
 }  // namespace
 
-bool AjouterFichier(int64_t media, const LigneFichier& ligne, Recordset& enregistrements,
-                    CompteursExtraction& compteurs)
+bool AjouterFichier(Course& course, const LigneFichier& ligne, Recordset& enregistrements)
 {
     const bool dossier = ligne.attribut == "D";
     std::string_view chemin = ligne.chemin;
@@ -53,14 +59,16 @@ bool AjouterFichier(int64_t media, const LigneFichier& ligne, Recordset& enregis
     enregistrements.Poser("attribut", ligne.attribut.substr(0, 10));
 
     std::string tiree;
-    if (!chemin.empty())
-        tiree = Aiguiller(media, ligne, chemin, enregistrements.Numero(), compteurs);
+    if (const SorteArchive* sorte = chemin.empty() ? nullptr : ChoisirSorte(ligne.extension))
+        Lister(*sorte, course, ligne, enregistrements.Numero());
+    else if (!chemin.empty())
+        tiree = Decrire(course, ligne, chemin);
     const std::string_view description = tiree.empty() ? ligne.description : tiree;
     if (!description.empty()) {
         enregistrements.Poser("Description", description);
-        ++compteurs.descriptions;
+        ++course.compteurs.descriptions;
     }
-    enregistrements.Poser("NCatalogue", media);
+    enregistrements.Poser("NCatalogue", course.media);
     if (!enregistrements.Update())
         return false;
     enregistrements.Bookmark(enregistrements.LastModified());

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <stop_token>
 #include <string>
 #include <string_view>
 
+#include "extractors/EtatExtracteurs.h"
 #include "platform/Parcours.h"
+#include "store/Base.h"
 #include "store/Recordset.h"
 
 struct CompteursExtraction {
@@ -29,7 +32,15 @@ struct LigneFichier {
     const EntreeDossier* entree = nullptr;
 };
 
+// What all rows of one run share.
+struct Course {
+    Base& base;
+    int64_t media;
+    std::stop_token arret = {};  // ends the listing of an archive
+    CompteursExtraction compteurs = {};
+    EtatExtracteurs extracteurs = {};
+};
+
 // Writes one row, the root, a directory or a file, on the open record set of a run; for a file with a path it first
 // draws out the description or lists the archive while the row is pending. False when the row could not be written.
-bool AjouterFichier(int64_t media, const LigneFichier& ligne, Recordset& enregistrements,
-                    CompteursExtraction& compteurs);
+bool AjouterFichier(Course& course, const LigneFichier& ligne, Recordset& enregistrements);

@@ -5,25 +5,25 @@
 #include <vector>
 
 #include "archives/ListerArchive.h"
+#include "catalogue/Cles.h"
 #include "commun/Formes.h"
-#include "store/Base.h"
 #include "store/CycleBase.h"
 
 namespace {
 
-// The fields of a member; missing ones are blank. Of four fields the last is the time, else the fifth.
+// The fields of a member; missing ones are blank. Of four fields the last is the time, else the fifth. A ":" in a name
+// shifts them (kept, particularité 26).
 struct Membre {
     std::string nom, taille = " ", date = " ", heure = " ";
 };
 
 Membre LireMembre(std::string_view texte)
 {
-    std::vector<std::string> champs;
-    for (size_t fin = texte.find(':'); fin != texte.npos && champs.size() < 4; fin = texte.find(':')) {
-        champs.emplace_back(texte.substr(0, fin));
-        texte.remove_prefix(fin + 1);
+    std::vector<std::string_view> champs;
+    for (bool dernier = false; !dernier;) {
+        dernier = champs.size() == 4 || texte.find(':') == texte.npos;
+        champs.push_back(Detacher(texte, ':'));
     }
-    champs.emplace_back(texte.substr(0, texte.find(':')));
 
     Membre membre;
     membre.nom = champs[0];
@@ -40,8 +40,8 @@ Membre LireMembre(std::string_view texte)
 // Writes the rows of one archive, one after the other.
 class LignesArchive {
 public:
-    LignesArchive(Base& base, const ArchiveOuverte& archive)
-        : archive_(archive), prefixe_("A" + Str(archive.numero)), liste_(base.OpenRecordset("Liste"))
+    explicit LignesArchive(const ArchiveOuverte& archive)
+        : archive_(archive), liste_(archive.base.OpenRecordset("Liste"))
     {
     }
 
@@ -67,11 +67,10 @@ public:
     bool ExtensionsAccrues() const { return extensionsAccrues_; }
 
 private:
-    // Archive code of a node: its place is counted from the media's number on.
-    std::string Code(int32_t indice) const { return prefixe_ + Str(archive_.media + indice - 1); }
+    // Archive code of a node: its place is counted from the media's number on (kept, particularité 27).
+    std::string Code(int32_t indice) const { return CodeArchive(archive_.numero, archive_.media, indice); }
 
     const ArchiveOuverte& archive_;
-    std::string prefixe_;
     Recordset liste_;
     bool extensionsAccrues_ = false;
 };
@@ -80,12 +79,11 @@ private:
 
 void AjouterFichierZip(const ArchiveOuverte& archive)
 {
-    const ArbreArchive tv = ListerArchive(archive.fichier, archive.extension);
-    Base base = OpenDatabase(BaseCourante());
-    LignesArchive lignes(base, archive);
+    const ArbreArchive tv = ListerArchive(archive.fichier, archive.extension, archive.arret);
+    LignesArchive lignes(archive);
     for (int32_t i = ArbreArchive::Racine + 1; i <= tv.Nombre(); ++i)
-        if (ExtractionAbandonnee() || !lignes.Ajouter(tv, i))
+        if (archive.arret.stop_requested() || !lignes.Ajouter(tv, i))
             break;
     if (lignes.ExtensionsAccrues())
-        EnregistrerExtensions();
+        EnregistrerExtensions(archive.base);
 }

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "archives/ListerArchive.h"
 #include "extraction/FiltreFichiers.h"
 #include "store/ClesReglages.h"
 #include "store/Reglages.h"
@@ -16,7 +17,7 @@ constexpr const char* AucunOnglet = "A99";
 
 std::string_view CleDe(int indice)
 {
-    return CleCompression[static_cast<size_t>(indice)];
+    return SortesArchives()[static_cast<size_t>(indice)].cle;
 }
 
 }  // namespace

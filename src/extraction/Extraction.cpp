@@ -12,6 +12,10 @@
 #include "platform/FormesLocales.h"
 #include "platform/Locale.h"
 #include "store/Base.h"
+#include "catalogue/ArretCourse.h"
+#include "catalogue/Cles.h"
+#include "catalogue/Medias.h"
+#include "catalogue/TexteArbre.h"
 #include "store/CycleBase.h"
 #include "store/IndexNoms.h"
 #include "store/Reglages.h"
@@ -32,11 +36,14 @@ struct Extraction::Repertoire {
 };
 
 struct Extraction::Etat {
-    explicit Etat(char lettre) : parcours(lettre) {}
+    Etat(Base& base, int64_t media, char lettre, const std::stop_token& arret)
+        : course{base, media, arret}, parcours(lettre)
+    {
+    }
 
     Recordset enregistrements;
     Parcours parcours;
-    CompteursExtraction compteurs;
+    Course course;
     std::string chemin;         // of the directory at work, with trailing "\"
     std::string cheminFichier;  // scratch: the path of the file at work
     std::string ligne;          // progress line
@@ -45,7 +52,7 @@ struct Extraction::Etat {
     std::optional<double> octetsAffiches;  // behind the percentage last shown
     bool echec = false;                    // a row could not be written
 
-    bool Arreter() const { return echec || ExtractionAbandonnee(); }
+    bool Arreter() const { return echec || course.arret.stop_requested(); }
 };
 
 namespace {
@@ -85,14 +92,18 @@ bool EstSansLigne(std::string_view nom)
 }  // namespace
 
 Extraction::Extraction(std::string base, int64_t media, char lettre, double octetsTotal, bool lecteurVide)
-    : base_(std::move(base)), media_(media), lettre_(lettre), octetsTotal_(octetsTotal), lecteurVide_(lecteurVide)
+    : base_(std::move(base)),
+      arret_(CommencerCourse()),
+      media_(media),
+      lettre_(lettre),
+      octetsTotal_(octetsTotal),
+      lecteurVide_(lecteurVide)
 {
-    FixerAbandon(false);
 }
 
 void Extraction::Abandonner()
 {
-    FixerAbandon(true);
+    ArreterCourse();
 }
 
 Avancement Extraction::Lire() const
@@ -131,7 +142,7 @@ FinExtraction Extraction::EcrireMedia()
         return FinExtraction::Echec;
 
     const auto debut = Horloge::now();
-    Etat etat(lettre_);
+    Etat etat(base, media_, lettre_, arret_);
     etat.enregistrements = base.OpenRecordset("Liste");
     etat.chemin = Majuscules(std::string(1, lettre_)) + ":\\";
     etat.echec = !AjouterRacine(etat);
@@ -141,20 +152,20 @@ FinExtraction Extraction::EcrireMedia()
     Publier(etat);
     durees_.parcours = Secondes(debut);
 
-    if (ExtractionAbandonnee() || etat.echec) {
+    if (arret_.stop_requested() || etat.echec) {
         transaction.Annuler();
-        EnregistrerExtensions(base_);
+        EnregistrerExtensions(base);
         return etat.echec ? FinExtraction::Echec : FinExtraction::Abandonnee;
     }
 
     const auto finParcours = Horloge::now();
-    EnregistrerExtensions(base_);
+    EnregistrerExtensions(base);
     const bool ecrit = ModifierCatalogue(media_, true, etat.arbre, base_) && transaction.Valider();
     durees_.validation = Secondes(finParcours);
     return ecrit ? FinExtraction::Complete : FinExtraction::Echec;
 }
 
-bool Extraction::AjouterRacine(Etat& etat) const
+bool Extraction::AjouterRacine(Etat& etat)
 {
     const std::string lecteur = etat.chemin.substr(0, 2);
     LigneFichier ligne;
@@ -162,8 +173,8 @@ bool Extraction::AjouterRacine(Etat& etat) const
     ligne.code = 1;
     ligne.taille = ligne.type = ligne.date = ligne.heure = " ";
     ligne.attribut = "D";
-    etat.arbre = "#" + Str(media_) + "-" + CodeRepertoire(1) + "#" + lecteur;
-    return AjouterFichier(media_, ligne, etat.enregistrements, etat.compteurs);
+    AjouterElement(etat.arbre, {"", CleMedia(etat.course.media), lecteur});
+    return AjouterFichier(etat.course, ligne, etat.enregistrements);
 }
 
 // Depth first across directories, each one's entries all written before the first of its subdirectories is entered.
@@ -213,7 +224,7 @@ void Extraction::ParcourirRepertoire(Etat& etat, Repertoire& repertoire)
 void Extraction::TraiterRepertoire(Etat& etat, Repertoire& parent, const EntreeDossier& entree)
 {
     etat.ligne = etat.chemin + entree.nom + '\\';
-    const int64_t code = ++etat.compteurs.repertoires + 1;
+    const int64_t code = ++etat.course.compteurs.repertoires + 1;
     const bool sansLigne = EstSansLigne(entree.nom);
     const bool noeud = parent.noeud && !sansLigne;
     parent.sous.push_back({entree.nom, entree.nomReel, code, noeud});
@@ -231,19 +242,18 @@ void Extraction::TraiterRepertoire(Etat& etat, Repertoire& parent, const EntreeD
     ligne.heure = heure;
     ligne.attribut = "D";
     ligne.repertoire = parent.code;
-    if (!AjouterFichier(media_, ligne, etat.enregistrements, etat.compteurs))
+    if (!AjouterFichier(etat.course, ligne, etat.enregistrements))
         etat.echec = true;
 
     if (!noeud)
         return;
-    const std::string prefixe = Str(media_) + '-';
-    etat.arbre.append(";").append(prefixe).append(CodeRepertoire(parent.code));
-    etat.arbre.append("#").append(prefixe).append(CodeRepertoire(code)).append("#").append(entree.nom);
+    AjouterElement(etat.arbre, {CleRepertoire(media_, CodeRepertoire(parent.code)),
+                                CleRepertoire(media_, CodeRepertoire(code)), entree.nom});
 }
 
 void Extraction::TraiterFichier(Etat& etat, const Repertoire& repertoire, const EntreeDossier& entree)
 {
-    ++etat.compteurs.fichiers;
+    ++etat.course.compteurs.fichiers;
     // The length is a signed 32-bit number: a file of 2 GiB or more counts backwards.
     const auto taille = static_cast<int32_t>(static_cast<uint32_t>(entree.taille));
     etat.octetsFaits += taille;
@@ -271,7 +281,7 @@ void Extraction::TraiterFichier(Etat& etat, const Repertoire& repertoire, const 
     ligne.extension = extension;
     ligne.parcours = &etat.parcours;
     ligne.entree = &entree;
-    if (!AjouterFichier(media_, ligne, etat.enregistrements, etat.compteurs))
+    if (!AjouterFichier(etat.course, ligne, etat.enregistrements))
         etat.echec = true;
 }
 
@@ -280,7 +290,7 @@ void Extraction::Publier(const Etat& etat)
     demande_.store(false, std::memory_order_relaxed);
     const bool nomsMontres = GetSettingNombre(SectionSettings, CleOptionsDivers[2], 0) == 1;
     const std::lock_guard garde(verrou_);
-    publie_.compteurs = etat.compteurs;
+    publie_.compteurs = etat.course.compteurs;
     publie_.ligne = nomsMontres && !etat.cheminFichier.empty()
                         ? etat.cheminFichier.substr(0, etat.cheminFichier.size() - 1)
                         : etat.ligne;

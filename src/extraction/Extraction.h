@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cstdint>
 #include <mutex>
+#include <stop_token>
 #include <string>
 
 #include "extraction/AjouterFichier.h"
@@ -49,7 +50,7 @@ private:
     struct Etat;
 
     FinExtraction EcrireMedia();
-    bool AjouterRacine(Etat& etat) const;
+    static bool AjouterRacine(Etat& etat);
     void FindDirs(Etat& etat);
     void ParcourirRepertoire(Etat& etat, Repertoire& repertoire);
     void TraiterRepertoire(Etat& etat, Repertoire& parent, const EntreeDossier& entree);
@@ -57,6 +58,7 @@ private:
     void Publier(const Etat& etat);
 
     const std::string base_;
+    const std::stop_token arret_;
     const int64_t media_;
     const char lettre_;
     const double octetsTotal_;

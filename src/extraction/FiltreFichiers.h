@@ -1,12 +1,13 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
 // One row of the wizard's extension filter: what it is called and its patterns, separated by ";".
 struct FiltreFichiers {
-    const char* nom;
-    const char* motifs;
+    std::string nom;
+    std::string motifs;
 };
 
 // The rows, in an order that never changes: the settings remember a row by its number.

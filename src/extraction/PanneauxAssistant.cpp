@@ -195,7 +195,7 @@ QWidget* PanneauxAssistant::CreerDetails()
     listeExtensions->setObjectName("ListeExtensions");
     listeExtensions->setAccessibleName("Filtre des fichiers");
     for (const FiltreFichiers& filtre : FiltresFichiers())
-        listeExtensions->addItem(filtre.nom);
+        listeExtensions->addItem(QString::fromStdString(filtre.nom));
     liste = new QListWidget;
     liste->setObjectName("Liste");
     liste->setAccessibleName("Contenu du média");

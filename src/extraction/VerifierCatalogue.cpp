@@ -1,5 +1,7 @@
 #include "extraction/VerifierCatalogue.h"
 
+#include "catalogue/Medias.h"
+#include "catalogue/OuvrirBase.h"
 #include "commun/Formes.h"
 #include "platform/FormesLocales.h"
 #include "platform/OperationsFichiers.h"
@@ -8,14 +10,6 @@
 #include "store/Transaction.h"
 
 namespace {
-
-std::string DoublerApostrophes(std::string_view texte)
-{
-    std::string resultat;
-    for (const char c : texte)
-        resultat.append(c == '\'' ? 2 : 1, c);
-    return resultat;
-}
 
 int64_t EcrireCatalogue(Recordset& enregistrements, const DemandeMedia& demande)
 {
@@ -49,8 +43,7 @@ int64_t Remplacer(Base& base, Recordset& ancien, const DemandeMedia& demande)
     Transaction transaction(base);
     if (!transaction.Ouverte())
         return 0;
-    const bool efface = base.Execute("delete * from Liste where NCatalogue = " + numero) &&
-                        base.Execute("delete * from Catalogue where Num = " + numero);
+    const bool efface = EffacerMedia(base, numero);
     const int64_t nouveau = efface ? EcrireCatalogue(ancien, demande) : 0;
     return nouveau != 0 && transaction.Valider() ? nouveau : 0;
 }
@@ -78,12 +71,10 @@ ReponseMedia VerifierCatalogue(const DemandeMedia& demande, Dialogues& dialogues
     Base base = OpenDatabase(reponse.base);
     reponse.baseFermee = !base.Ouverte();
     std::string question = "Le média avec l'identifiant : \"" + identifiant + "\" existe, voulez vous le remplacer ?";
-    Recordset trouve = base.OpenRecordset("select * from Catalogue where Identifiant = '" +
-                                          DoublerApostrophes(identifiant) + "' order by Identifiant");
+    Recordset trouve = MediaParIdentifiant(base, DoublerApostrophes(identifiant));
     if (trouve.Eof()) {
         question = "Le média : \"" + nom + "\" existe, voulez vous le remplacer ?";
-        trouve = base.OpenRecordset("select * from Catalogue where Label = '" + DoublerApostrophes(nom) +
-                                    "' order by Identifiant");
+        trouve = MediaParLabel(base, DoublerApostrophes(nom));
     }
     if (trouve.Eof())
         reponse.numero = EcrireCatalogue(trouve, demande);
@@ -95,9 +86,8 @@ ReponseMedia VerifierCatalogue(const DemandeMedia& demande, Dialogues& dialogues
 
 void ModifierCatalogueDisque(const std::string& identifiant, const std::string& lettre)
 {
-    Base base = OpenDatabase(BaseCourante());
-    Recordset media =
-        base.OpenRecordset("select * from Catalogue where Identifiant = '" + identifiant + "' order by Identifiant");
+    Base base = OuvrirBase();
+    Recordset media = MediaParIdentifiant(base, identifiant);
     if (media.Eof())
         return;
     media.Edit();

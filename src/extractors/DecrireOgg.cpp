@@ -15,7 +15,8 @@ using namespace std::string_view_literals;
 
 constexpr uint64_t Bloc = 2048;
 
-// The packet type, "vorbis" and the low byte of the vendor text's length: only vendors of 29 or 32 characters count.
+// The packet type, "vorbis" and the low byte of the vendor text's length: only vendors of 29 or 32 characters count
+// (kept, particularité 28).
 const std::vector<std::string_view> DebutsCommentaires = {"\x03vorbis\x1D", "\x03vorbis "};
 constexpr std::string_view DebutReglages = "\x05vorbis";        // the next packet, the setup header
 constexpr std::string_view FinCommentaires = "\x01\x05vorbis";  // framing bit, then the same
@@ -65,8 +66,8 @@ bool DecrireOgg(const Fichier& fichier, std::string& resultat)
     const uint64_t place = ChercherCommentaires(fichier);
     if (place == Introuvable)
         return false;
-    // Meant so: the place in the block serves as the place in the file, so that only the first block gives its
-    // comments.
+    // The place in the block serves as the place in the file, so that only the first block gives its comments (kept,
+    // particularité 28).
     const std::string entete = LecteurOctets(fichier, place).Octets(Bloc);
     if (entete.find(DebutReglages, 6) == std::string::npos)  // too long for the block
         return false;

@@ -15,19 +15,19 @@ namespace {
 constexpr std::string_view CleTitre = "/Title <FEFF", CleDate = "/CreationDate (D:", CleAuteur = "/Author <FEFF",
                            CleProducteur = "/Producer";
 
-// The bytes that hexadecimal digits stand for, without those written "00"; an odd last digit stands for itself.
-bool Decoder(std::string_view chiffres, std::string& octets)
+// The bytes that pairs of hexadecimal digits stand for, without those written "00" and without pairs of anything else;
+// an odd last digit stands for itself (kept, particularité 32).
+std::string Decoder(std::string_view chiffres)
 {
+    std::string octets;
     for (size_t place = 0; place < chiffres.size(); place += 2) {
         const std::string_view paire = chiffres.substr(place, 2);
         unsigned valeur = 0;
         const auto [fin, erreur] = std::from_chars(paire.data(), paire.data() + paire.size(), valeur, 16);
-        if (erreur != std::errc() || fin != paire.data() + paire.size())
-            return false;
-        if (paire != "00")
+        if (erreur == std::errc() && fin == paire.data() + paire.size() && paire != "00")
             octets += static_cast<char>(valeur);
     }
-    return true;
+    return octets;
 }
 
 bool AjouterHexadecimal(const Fichier& fichier, uint64_t debut, uint64_t fin, std::string& texte)
@@ -37,8 +37,7 @@ bool AjouterHexadecimal(const Fichier& fichier, uint64_t debut, uint64_t fin, st
     while (lecteur.Position() < fin) {
         const uint64_t demandes = std::min(tailleBloc, fin - lecteur.Position());
         const std::string chiffres = lecteur.Octets(demandes);
-        std::string octets;
-        if (chiffres.size() != demandes || !Decoder(chiffres, octets) || !AjouterTexte(octets, texte))
+        if (chiffres.size() != demandes || !AjouterTexte(Decoder(chiffres), texte))
             return false;
     }
     return true;

@@ -30,7 +30,8 @@ using Valeurs = std::array<std::string_view, Champs.size()>;
 void LireLigne(std::string_view ligne, Valeurs& valeurs)
 {
     for (size_t rang = 0; rang < Champs.size(); ++rang) {
-        // The key counts anywhere in the line, and the first character behind it is taken for a quote unseen.
+        // The key counts anywhere in the line, and the first character behind it is taken for a quote unseen (kept,
+        // particularité 31).
         const size_t place = ligne.find(Champs[rang].cle);
         if (place == std::string_view::npos)
             continue;

@@ -55,7 +55,8 @@ bool Lire(LecteurOctets& lecteur, Enregistrement& enregistrement)
     return lecteur.Lire(&enregistrement, sizeof enregistrement);
 }
 
-// Values are 16-bit signed: false from 32768 on. Of a wider field only these two bytes are looked at.
+// Values are 16-bit signed: false from 32768 on. Of a wider field only these two bytes are looked at (kept,
+// particularité 21).
 template <typename Entier>
 bool Valeur16(uint8_t haut, uint8_t bas, Entier& valeur)
 {
@@ -129,9 +130,8 @@ bool LireJpeg(LecteurOctets& lecteur, uint64_t debut, const PorteeJpeg& portee, 
             continue;
         if (portee.estCadre(marqueur))
             return place + sizeof(CadreJpeg) < portee.fin && LireCadre(lecteur, entete);
-        Octets2 octets;
         uint16_t longueur;
-        if (!Lire(lecteur, octets) || !Valeur16(octets[0], octets[1], longueur))
+        if (!lecteur.GrosBoutiste(longueur))
             return false;
         place += longueur;
     }
@@ -140,7 +140,7 @@ bool LireJpeg(LecteurOctets& lecteur, uint64_t debut, const PorteeJpeg& portee, 
 
 bool CadreDecrit(uint8_t marqueur)
 {
-    return marqueur >= 192 && marqueur <= 195;  // the later frame headers are passed over, as meant
+    return marqueur >= 192 && marqueur <= 195;  // the later ones are passed over (kept, particularité 20)
 }
 
 }  // namespace

@@ -1,14 +1,16 @@
 #include "extractors/GenresID3.h"
 
 #include <charconv>
+#include <cmath>
 #include <cstddef>
 #include <iterator>
+#include <string>
 
 #include "commun/Formes.h"
 
 namespace {
 
-// By number; the unusual spellings are the program's own.
+// By number, with the program's own spellings (kept, particularité 35).
 constexpr std::string_view Genres[] = {"Blues",
                                        "Classic Rock",
                                        "Country",
@@ -142,8 +144,14 @@ static_assert(std::size(Genres) == 126);
 std::string_view GenreID3(std::string_view numero)
 {
     numero = Trim(numero);
-    size_t rang = 0;
-    const auto [fin, erreur] = std::from_chars(numero.data(), numero.data() + numero.size(), rang);
-    const bool entier = erreur == std::errc() && fin == numero.data() + numero.size();
-    return entier && rang < std::size(Genres) ? Genres[rang] : std::string_view();
+    const bool negatif = numero.starts_with('-');
+    if (negatif || numero.starts_with('+'))
+        numero.remove_prefix(1);
+    std::string chiffres(numero);
+    if (const size_t place = chiffres.find_first_not_of("0123456789"); place != std::string::npos)
+        chiffres.replace(place, chiffres.find_first_of("0123456789", place) - place, ".");  // as the user writes it
+    double valeur = -1;
+    std::from_chars(chiffres.data(), chiffres.data() + chiffres.size(), valeur);
+    const double rang = std::nearbyint(negatif ? -valeur : valeur);
+    return rang >= 0 && rang < std::size(Genres) ? Genres[static_cast<size_t>(rang)] : std::string_view();
 }

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "commun/Formes.h"
-#include "commun/Texte.h"
+#include "extractors/AjouterTexte.h"
 #include "extractors/RessourceVersion.h"
 
 namespace {
@@ -14,7 +14,7 @@ namespace {
 constexpr char FinTexte = '\x01';  // stands where a text of the block ended
 
 // One line of the description. The characters that end a value are length words of the next entry as they usually
-// come; neither they nor the step back from the next key are derived from the block.
+// come; neither they nor the step back from the next key are derived from the block (kept, particularité 29).
 struct Rubrique {
     std::string_view libelle, cle;
     std::string_view arrets;  // each cuts the value, in this order
@@ -36,20 +36,19 @@ constexpr Rubrique Rubriques[] = {
 constexpr const Rubrique& Compagnie = Rubriques[0];
 constexpr const Rubrique& Commentaire = *(std::end(Rubriques) - 1);
 
-// Pairs of NULs become one FinTexte, other NULs go: UTF-16 becomes plain text.
-std::string EnTexteSimple(std::string_view bloc)
+// Pairs of NULs become one FinTexte, other NULs go: UTF-16 becomes plain text. In place, as a block may be large.
+void RendreSimple(std::string& bloc)
 {
-    std::string texte;
-    texte.reserve(bloc.size());
+    size_t fin = 0;
     for (size_t i = 0; i < bloc.size(); ++i) {
         if (bloc[i] != '\0') {
-            texte += bloc[i];
+            bloc[fin++] = bloc[i];
         } else if (i + 1 < bloc.size() && bloc[i + 1] == '\0') {
-            texte += FinTexte;
+            bloc[fin++] = FinTexte;
             ++i;
         }
     }
-    return texte;
+    bloc.resize(fin);
 }
 
 std::string_view DebutA(std::string_view texte, size_t place)
@@ -105,10 +104,10 @@ std::string Epurer(std::string_view valeur, std::string_view otes)
 
 bool LireVersionFichier(const Fichier& fichier, std::string& resultat)
 {
-    std::string bloc;
-    if (!LireRessourceVersion(fichier, bloc))
+    std::string texte;
+    if (!LireRessourceVersion(fichier, texte))
         return false;
-    const std::string texte = EnTexteSimple(bloc);
+    RendreSimple(texte);
     std::string lignes;
     for (const Rubrique& rubrique : Rubriques) {
         const size_t place = texte.find(rubrique.cle);
@@ -120,7 +119,10 @@ bool LireVersionFichier(const Fichier& fichier, std::string& resultat)
         const std::string valeur = Epurer(delimitee, rubrique.otes);
         if (&rubrique == &Commentaire && Trim(valeur).size() <= 2)
             continue;
-        lignes.append(rubrique.libelle).append(AnsiEnTexte(valeur)).append("\r\n");
+        lignes += rubrique.libelle;
+        if (!AjouterTexte(valeur, lignes))
+            return false;
+        lignes += "\r\n";
     }
     if (lignes.empty())
         return false;

@@ -34,10 +34,7 @@ struct BlocEmplacement {
 
     bool Lire(LecteurOctets& lecteur)
     {
-        for (uint32_t* mot : {&taille, &tailleEntete, &drapeaux, &volume, &cheminLocal, &reseau, &suiteChemin})
-            if (!lecteur.PetitBoutiste(*mot))
-                return false;
-        return true;
+        return lecteur.PetitBoutiste(taille, tailleEntete, drapeaux, volume, cheminLocal, reseau, suiteChemin);
     }
 };
 
@@ -64,7 +61,7 @@ bool LireCible(const Fichier& fichier, std::string& cible)
     EnteteRaccourci entete;
     if (!lecteur.Lire(&entete, sizeof entete))
         return false;
-    // Any flag of the first byte stands for the ID list, not its own bit alone.
+    // Any flag of the first byte stands for the ID list, not its own bit alone (kept, particularité 30).
     uint16_t tailleListe = 0;
     if (entete.drapeaux[0] != 0 && !lecteur.PetitBoutiste(tailleListe))
         return false;

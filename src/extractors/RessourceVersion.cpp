@@ -5,20 +5,20 @@
 #include <cstdint>
 #include <utility>
 
+#include "extractors/AjouterTexte.h"
 #include "platform/LecteurOctets.h"
 
 namespace {
 
 constexpr uint32_t TypeVersion = 16, NumeroVersion = 1;
-constexpr uint64_t PlusGrandBloc = 0xFFFF;  // a version block tells its own length in 16 bits
 
 constexpr uint64_t PlaceEnteteSuivant = 0x3C;  // the last field of the DOS header
 constexpr uint16_t SignatureNe = 'N' | 'E' << 8, SignaturePe = 'P' | 'E' << 8;
 
-template <typename... Entiers>
-bool LireChamps(LecteurOctets& lecteur, Entiers&... champs)
+// So many bytes from the reader's place, as far as the file goes; none of a block longer than any description.
+std::string LireBloc(LecteurOctets& lecteur, uint64_t taille)
 {
-    return (lecteur.PetitBoutiste(champs) && ...);
+    return std::min(taille, lecteur.Reste()) <= DescriptionMaximale ? lecteur.Octets(taille) : std::string();
 }
 
 // PE
@@ -30,8 +30,8 @@ struct EnteteCoff {
 
     bool Lire(LecteurOctets& lecteur)
     {
-        return LireChamps(lecteur, machine, nombreSections, date, placeSymboles, nombreSymboles, tailleOptionnel,
-                          attributs);
+        return lecteur.PetitBoutiste(machine, nombreSections, date, placeSymboles, nombreSymboles, tailleOptionnel,
+                                     attributs);
     }
 };
 
@@ -49,11 +49,11 @@ struct EnteteOptionnel {
 
     bool Lire(LecteurOctets& lecteur)
     {
-        if (!LireChamps(lecteur, magie) || (magie != Pe32 && magie != Pe32Plus))
+        if (!lecteur.PetitBoutiste(magie) || (magie != Pe32 && magie != Pe32Plus))
             return false;
         lecteur.Sauter(magie == Pe32 ? 90 : 106);
-        return LireChamps(lecteur, nombreRepertoires, exportations.adresse, exportations.taille, importations.adresse,
-                          importations.taille, ressources.adresse, ressources.taille) &&
+        return lecteur.PetitBoutiste(nombreRepertoires, exportations.adresse, exportations.taille, importations.adresse,
+                                     importations.taille, ressources.adresse, ressources.taille) &&
                nombreRepertoires >= 3;
     }
 };
@@ -67,8 +67,8 @@ struct Section {
 
     bool Lire(LecteurOctets& lecteur)
     {
-        return LireChamps(lecteur, nom, tailleMemoire, adresse, taille, place, placeRelocations, placeLignes,
-                          nombreRelocations, nombreLignes, attributs);
+        return lecteur.PetitBoutiste(nom, tailleMemoire, adresse, taille, place, placeRelocations, placeLignes,
+                                     nombreRelocations, nombreLignes, attributs);
     }
 };
 
@@ -94,7 +94,7 @@ struct RepertoireRessources {
 
     bool Lire(LecteurOctets& lecteur)
     {
-        return LireChamps(lecteur, attributs, date, versionMajeure, versionMineure, nombreNommees, nombreNumerotees);
+        return lecteur.PetitBoutiste(attributs, date, versionMajeure, versionMineure, nombreNommees, nombreNumerotees);
     }
 };
 
@@ -104,13 +104,13 @@ struct EntreeRessources {
     uint32_t numero = 0;       // with the high bit: where the name lies
     uint32_t destination = 0;  // from the root; with the high bit: a directory, else a data entry
 
-    bool Lire(LecteurOctets& lecteur) { return LireChamps(lecteur, numero, destination); }
+    bool Lire(LecteurOctets& lecteur) { return lecteur.PetitBoutiste(numero, destination); }
 };
 
 struct DonneesRessource {
     uint32_t adresse = 0, taille = 0, pageCodes = 0, reserve = 0;
 
-    bool Lire(LecteurOctets& lecteur) { return LireChamps(lecteur, adresse, taille, pageCodes, reserve); }
+    bool Lire(LecteurOctets& lecteur) { return lecteur.PetitBoutiste(adresse, taille, pageCodes, reserve); }
 };
 
 // The entry with that number of the directory at that place, else its first one; false when it has none.
@@ -159,7 +159,7 @@ std::string LireBlocPe(LecteurOctets& lecteur)
 {
     uint16_t finSignature = 0;
     EnteteCoff coff;
-    if (!LireChamps(lecteur, finSignature) || finSignature != 0 || !coff.Lire(lecteur))
+    if (!lecteur.PetitBoutiste(finSignature) || finSignature != 0 || !coff.Lire(lecteur))
         return {};
     const TableSections sections{lecteur.Position() + coff.tailleOptionnel, coff.nombreSections};
     EnteteOptionnel optionnel;
@@ -171,11 +171,7 @@ std::string LireBlocPe(LecteurOctets& lecteur)
     if (racine == Introuvable || !ChercherDonnees(lecteur, racine, donnees))
         return {};
     lecteur.Aller(sections.PlaceDe(lecteur, donnees.adresse));
-    std::string bloc = lecteur.Octets(std::min<uint64_t>(donnees.taille, PlusGrandBloc));
-    // The room that the system leaves behind a Unicode block: a last text without terminator ends there.
-    if (!bloc.empty())
-        bloc.append(4, '\0');
-    return bloc;
+    return LireBloc(lecteur, donnees.taille);
 }
 
 // NE
@@ -191,9 +187,9 @@ struct EnteteNe {  // behind its signature
 
     bool Lire(LecteurOctets& lecteur)
     {
-        return LireChamps(lecteur, versionLieur, revisionLieur, placeEntrees, tailleEntrees, controle, attributs,
-                          donneesAutomatiques, tas, pile, depart, sommetPile, nombreSegments, nombreModules,
-                          tailleNomsNonResidents, placeSegments, placeRessources, placeNomsResidents);
+        return lecteur.PetitBoutiste(versionLieur, revisionLieur, placeEntrees, tailleEntrees, controle, attributs,
+                                     donneesAutomatiques, tas, pile, depart, sommetPile, nombreSegments, nombreModules,
+                                     tailleNomsNonResidents, placeSegments, placeRessources, placeNomsResidents);
     }
 };
 
@@ -203,7 +199,7 @@ struct TypeNe {
     uint16_t type = 0, nombre = 0;
     uint32_t reserve = 0;
 
-    bool Lire(LecteurOctets& lecteur) { return LireChamps(lecteur, type, nombre, reserve); }
+    bool Lire(LecteurOctets& lecteur) { return lecteur.PetitBoutiste(type, nombre, reserve); }
 };
 
 struct RessourceNe {
@@ -212,7 +208,10 @@ struct RessourceNe {
     uint16_t place = 0, taille = 0;  // in units of the table
     uint16_t attributs = 0, numero = 0, poignee = 0, usage = 0;
 
-    bool Lire(LecteurOctets& lecteur) { return LireChamps(lecteur, place, taille, attributs, numero, poignee, usage); }
+    bool Lire(LecteurOctets& lecteur)
+    {
+        return lecteur.PetitBoutiste(place, taille, attributs, numero, poignee, usage);
+    }
 };
 
 // Finds the type's resources in the table; the reader is left at the first of them.
@@ -238,7 +237,7 @@ std::string LireBlocNe(LecteurOctets& lecteur)
     lecteur.Aller(debut + entete.placeRessources);
     uint16_t decalage = 0;  // the unit is 1 << this
     TypeNe type;
-    if (!LireChamps(lecteur, decalage) || decalage >= 32 || !ChercherTypeNe(lecteur, type))
+    if (!lecteur.PetitBoutiste(decalage) || decalage >= 32 || !ChercherTypeNe(lecteur, type))
         return {};
 
     RessourceNe choisie, ressource;
@@ -249,7 +248,7 @@ std::string LireBlocNe(LecteurOctets& lecteur)
             break;
     }
     lecteur.Aller(uint64_t{choisie.place} << decalage);
-    return lecteur.Octets(std::min(uint64_t{choisie.taille} << decalage, PlusGrandBloc));
+    return LireBloc(lecteur, uint64_t{choisie.taille} << decalage);
 }
 
 }  // namespace
@@ -265,10 +264,10 @@ bool LireRessourceVersion(const Fichier& fichier, std::string& bloc)
     LecteurOctets lecteur(fichier, PlaceEnteteSuivant);
     uint32_t placeEntete = 0;
     uint16_t signatureSuivante = 0;
-    if (!LireChamps(lecteur, placeEntete))
+    if (!lecteur.PetitBoutiste(placeEntete))
         return false;
     lecteur.Aller(placeEntete);
-    if (!LireChamps(lecteur, signatureSuivante))
+    if (!lecteur.PetitBoutiste(signatureSuivante))
         return false;
     std::string lu;
     if (signatureSuivante == SignaturePe)

@@ -72,7 +72,8 @@ struct EnteteID3v2 {
     uint8_t drapeaux;
     uint8_t taille[4];
 
-    // The weight of the first byte is no power of two, and kept: with it only huge files have a tag over 2 MB.
+    // The weight of the first byte is no power of two: with it only huge files have a tag over 2 MB (kept,
+    // particularité 18).
     uint64_t TailleCorps() const
     {
         return taille[0] * uint64_t{20917152} + taille[1] * 16384U + taille[2] * 128U + taille[3];
@@ -94,7 +95,8 @@ struct EnteteTrameID3v23 {
 
 constexpr size_t TexteLePlusLong = 254;  // only the last byte of a frame's size counts, and it counts the encoding too
 
-// A frame as it is read. Its encoding is skipped, not obeyed: each byte of the text is one character.
+// A frame as it is read. Its encoding is skipped, not obeyed: each byte of the text is one character (kept,
+// particularité 33).
 struct TrameID3v2 {
     size_t longueur = 0;  // bytes of the text, with its encoding byte
     bool codee = false;   // compressed or encrypted
@@ -115,16 +117,16 @@ struct TrameID3v2 {
     }
 };
 
-// In the order in which they are read. That version 2 has the original artist and the name of version 3 for the track
-// is meant so.
+// In the order in which they are read, which shows where a frame ends the reading. Version 2 has the original artist
+// and the name of version 3 for the track (kept, particularité 17).
 struct ChampTrame {
     std::string clsMP3::*champ;
     std::string_view nomV2;
     std::string_view nomV3;
 };
 constexpr ChampTrame ChampsTrames[] = {
-    {&clsMP3::Title, "TT2", "TIT2"}, {&clsMP3::Artist, "TOA", "TPE1"}, {&clsMP3::Album, "TAL", "TALB"},
-    {&clsMP3::Year, "TYE", "TYER"},  {&clsMP3::Genre, "TCO", "TCON"},  {&clsMP3::Track, "TRCK", "TRCK"},
+    {&clsMP3::Title, "TT2", "TIT2"}, {&clsMP3::Album, "TAL", "TALB"}, {&clsMP3::Artist, "TOA", "TPE1"},
+    {&clsMP3::Year, "TYE", "TYER"},  {&clsMP3::Genre, "TCO", "TCON"}, {&clsMP3::Track, "TRCK", "TRCK"},
 };
 
 // Without trailing blanks, then without NULs: blanks before a NUL stay.
@@ -191,7 +193,7 @@ void clsMP3::LireFlux(const Fichier& fichier)
     Bitrate = std::to_string(debit);
     if (debit == 0)
         return;
-    const uint64_t secondes = taille / debit / 125;  // 125 bytes are a kilobit; the tags count as sound
+    const uint64_t secondes = taille / debit / 125;  // 125 bytes are a kilobit; the tags count (34)
     Duration = std::to_string(secondes / 60) + "m " + std::to_string(secondes % 60) + "s";
 }
 
@@ -214,7 +216,8 @@ bool clsMP3::LireID3v1(const Fichier& fichier)
     Year = Nettoyer(id3.annee);
     Comment = Nettoyer(id3.commentaire);
     Genre = std::to_string(id3.genre);
-    // Meant so: blanks and most punctuation go, and with them the track number that ID3v1.1 keeps here.
+    // Blanks and most punctuation go, and with them the track number that ID3v1.1 keeps here (kept, particularité
+    // 19).
     std::erase_if(Comment, [](unsigned char c) { return c < '0'; });
     return true;
 }

@@ -28,23 +28,32 @@ public:
     // Up to so many bytes, fewer at the end of the file.
     std::string Octets(uint64_t nombre);
 
-    template <std::unsigned_integral Entier>
-    bool PetitBoutiste(Entier& valeur)
+    // The fields of a record one after another, numbers or arrays of bytes. False from the first one that is not whole,
+    // which stays as it was, with those behind it.
+    template <typename... Champs>
+    bool PetitBoutiste(Champs&... champs)
     {
-        return Assembler(valeur, true);
+        return (LireChamp(champs, true) && ...);
     }
 
-    template <std::unsigned_integral Entier>
-    bool GrosBoutiste(Entier& valeur)
+    template <typename... Champs>
+    bool GrosBoutiste(Champs&... champs)
     {
-        return Assembler(valeur, false);
+        return (LireChamp(champs, false) && ...);
     }
 
 private:
+    template <typename Octet, size_t Taille>
+    bool LireChamp(std::array<Octet, Taille>& octets, bool)
+    {
+        static_assert(sizeof(Octet) == 1);
+        return Lire(octets.data(), Taille);
+    }
+
     size_t Copier(char* cible, size_t nombre);  // from the place on; returns how many came
 
     template <std::unsigned_integral Entier>
-    bool Assembler(Entier& valeur, bool petitBoutiste)
+    bool LireChamp(Entier& valeur, bool petitBoutiste)
     {
         std::array<uint8_t, sizeof(Entier)> octets;
         if (!Lire(octets.data(), octets.size()))

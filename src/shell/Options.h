@@ -13,7 +13,7 @@ struct Option {
     std::string_view texte;
     std::string_view section, cle;
     // What shows as long as nothing was written; those who read the setting may go by another (kept, particularité
-    // Xrien3).
+    // 7).
     bool defaut;
 
     bool Lire() const;
@@ -55,7 +55,7 @@ inline constexpr std::array<Option, 4> OptionsDivers = {{
 }};
 
 // Writes a switch of OptionsFreedb, and with it the one of OptionsDivers in the same place (kept, particularité
-// Xrien4).
+// 8).
 void EcrireOptionFreedb(size_t rang, bool active);
 
 // Row of OptionsDescriptions last clicked, from 0; kept counted from 1.

@@ -15,8 +15,6 @@
 
 namespace {
 
-std::atomic<bool> abandon{false};
-
 // As the settings have it.
 std::string BaseReglee()
 {
@@ -113,7 +111,7 @@ bool GarantirBase(bool memoriser)
         FixerBaseCourante(CheminBaseParDefaut());
         SaveSetting(SectionSettings, CleBaseCourante, CheminBaseParDefaut());
     } else {
-        // Kept, particularité Xrien1.
+        // Kept, particularité 5.
         FixerRemplacante(CheminBaseParDefaut(), BaseReglee());
     }
     return true;
@@ -149,38 +147,8 @@ void CompacterBase()
     SupprimerFichier(copie);
 }
 
-void SupprimerMedia(std::string_view numero, const std::string& chemin)
+bool EnregistrerExtensions(Base& base)
 {
-    if (numero.empty())
-        return;
-    Base base = OpenDatabase(chemin);
-    Transaction transaction(base);  // does nothing inside another
-    const bool fait = base.Execute("delete * from Liste where NCatalogue = " + std::string(numero)) &&
-                      base.Execute("delete * from Catalogue where Num = " + std::string(numero));
-    if (fait)
-        transaction.Valider();
-    FixerAbandon(true);
-}
-
-bool ModifierCatalogue(int64_t numero, bool drapeau, std::string_view arbre, const std::string& chemin)
-{
-    Base base = OpenDatabase(chemin);
-    Recordset media =
-        base.OpenRecordset("select * from Catalogue where Num = " + std::to_string(numero) + " order by Identifiant");
-    if (media.RecordCount() == 0)
-        return false;
-    media.Edit();
-    media.Poser("Flag", int64_t{drapeau});
-    media.Poser("Tree", arbre);
-    if (!media.Update())
-        return false;
-    media.Bookmark(media.LastModified());
-    return true;
-}
-
-bool EnregistrerExtensions(const std::string& chemin)
-{
-    Base base = OpenDatabase(chemin);
     Recordset liste = base.OpenRecordset("LE");
     if (liste.Eof())
         liste.AddNew();
@@ -192,14 +160,4 @@ bool EnregistrerExtensions(const std::string& chemin)
         return false;
     liste.Bookmark(liste.LastModified());
     return true;
-}
-
-bool ExtractionAbandonnee()
-{
-    return abandon;
-}
-
-void FixerAbandon(bool abandonner)
-{
-    abandon = abandonner;
 }

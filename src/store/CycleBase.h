@@ -4,12 +4,13 @@
 #include <string>
 #include <string_view>
 
+#include "store/Base.h"
 #include "store/BaseCourante.h"
 #include "store/DrapeauxRecharge.h"
 #include "store/ListeExtensions.h"
 
 // The current base and what is done to whole bases. All of it runs with errors ignored, step by step: what fails shows
-// as a missing result. Paths are real ones. For the thread that uses the store, but for the abort flag.
+// as a missing result. Paths are real ones. For the thread that uses the store.
 
 std::string CheminModele();           // "Data.z" in the program directory
 std::string CheminBaseParDefaut();    // "defaut.vlr" there
@@ -39,15 +40,5 @@ void RelireBaseCourante();
 
 void CompacterBase();
 
-// Deletes the rows of a media and sets the abort flag of the extraction. Nothing for an empty number.
-void SupprimerMedia(std::string_view numero, const std::string& base = BaseCourante());
-
-// Makes a media visible or not and stores its directory tree; false when nothing could be written.
-bool ModifierCatalogue(int64_t numero, bool drapeau, std::string_view arbre, const std::string& base = BaseCourante());
-
 // Writes the extension list into the base; false when it could not be written.
-bool EnregistrerExtensions(const std::string& base = BaseCourante());
-
-// Set to stop the walk of an extraction.
-bool ExtractionAbandonnee();
-void FixerAbandon(bool abandon);
+bool EnregistrerExtensions(Base& base);

@@ -12,5 +12,5 @@ std::string ListeExtensions();
 void ChargerListeExtensions(std::string_view texte);
 
 // Appends the extension unless the list holds it anywhere, even as a part of another (kept, particularité
-// Xrien2). True when the list grew.
+// 6). True when the list grew.
 bool AjouterExtension(std::string_view extension);

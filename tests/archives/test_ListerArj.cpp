@@ -1,8 +1,8 @@
+#include "archives/ListerArchive.h"
 #include "archives/ListerArj.h"
 #include "archives/ListerLha.h"
-#include "catalogue/TexteArbre.h"
 #include "outils/Archives.h"
-#include "store/CycleBase.h"
+#include "store/Reglages.h"
 
 namespace {
 
@@ -56,12 +56,10 @@ TEST_F(LhaArjTest, LesDeuxFormes)
         EXPECT_EQ(ListerOctets(forme.lister, coupe), (Noeuds{"1 a:7 b::", "1 lo:7 b::"}));
         EXPECT_EQ(ListerOctets(forme.lister, coupe.substr(0, coupe.size() - 3)), Noeuds{"1 a:7 b::"});
 
-        FixerAbandon(true);
-        EXPECT_EQ(ListerOctets(forme.lister, forme.debut + a), Noeuds());
-        FixerAbandon(false);
+        EXPECT_EQ(ListerOctets(forme.lister, forme.debut + a, Arrete()), Noeuds());
         ArbreArchive tv;
         tv.Membre(ArbreArchive::Racine, "reste d'avant:");
-        forme.lister(Fichier(), tv);
+        forme.lister(Fichier(), {}, tv);
         EXPECT_EQ(TexteArbre(tv), Noeuds());
     }
 }
@@ -72,11 +70,32 @@ TEST_F(LhaArjTest, ChacuneSesDetours)
     const std::string niveau0 = "\x16?-lh0-" + Petit(1, 4) + Petit(1, 8) + std::string(" \0\1a", 4) + "CRx";
     EXPECT_EQ(ListerOctets(ListerLha, niveau0 + Lha("b", 7)), Noeuds{"1 a:1 b::"});
 
+    EXPECT_EQ(ListerOctets(ListerLha, Avec(Lha("a", 7), 3, "z")), Noeuds());  // "-zh5-"
+
     const std::string a = Arj("a", 7) + FinArj;
+    EXPECT_EQ(ListerOctets(ListerArj, DebutArj + a + Fois(60, "\x1A") + a), Noeuds{"1 a:7 b::"});  // padded
     EXPECT_EQ(ListerOctets(ListerArj, "MZ" + DebutArj + a), Noeuds());
     EXPECT_EQ(ListerOctets(ListerArj, Arj("x.arj" + std::string(1, '\0') + "note", 0) + a), Noeuds{"1 a:7 b::"});
     EXPECT_EQ(ListerOctets(ListerArj, DebutArj + Arj(std::string(300, 'n'), 7) + a),
               (Noeuds{"1 " + std::string(256, 'n') + ":7 b::", "1 a:7 b::"}));
+}
+
+TEST_F(LhaArjTest, SortesParExtension)
+{
+    const std::pair<const char*, const char*> cles[] = {{"zip", "Compression 0"},
+                                                        {"arj", "Compression 1"},
+                                                        {"lha", "Compression 2"},
+                                                        {"lzh", "Compression 2"},
+                                                        {"rar", "Compression 3"}};
+    for (const auto& [extension, cle] : cles)
+        EXPECT_EQ(ChoisirSorte(extension)->Voulue(), extension == std::string("arj")) << extension;
+    for (const auto& [extension, cle] : cles)
+        for (const char* valeur : {"0", "1", "3"}) {
+            SaveSetting(SectionSettings, cle, valeur);
+            EXPECT_EQ(ChoisirSorte(extension)->Voulue(), *valeur == '1') << extension;
+        }
+    for (const char* extension : {"", "ace", "ZIP"})
+        EXPECT_EQ(ChoisirSorte(extension), nullptr) << extension;
 }
 
 TEST_F(LhaArjTest, FaitsParDesOutils)

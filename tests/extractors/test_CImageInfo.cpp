@@ -102,10 +102,15 @@ TEST_F(Images, EntetesSinguliers)
         {Png(32768, 1, 8, 2) + jpeg, aucune, "0"},                      // an overflow ends it all,
         {Png(1, 1, 8, 5) + jpeg, "9x8x24xJPG", "2 9x8x24"},             // a strange colour type does not
         {Png(1, 1, 8, 2).substr(0, 25), aucune, "0"},
+        {Png(1, 1, 1, 0), "1x1x1xPNG", "3 1x1x1"},  // bits of a sample times samples, a palette's always 8
+        {Png(1, 1, 2, 3), "1x1x8xPNG", "3 1x1x8"},
+        {Png(1, 1, 8, 4), "1x1x16xPNG", "3 1x1x16"},
+        {Png(1, 1, 16, 6), "1x1x64xPNG", "3 1x1x64"},
         {gif + '\xF7', "300x2x8xGIF", "1 300x2x8"},
         {Bmp(7, static_cast<uint32_t>(-5), 24), aucune, "0"},  // rows from the top
-        {Soi + Segment(0xE1, std::string(0x7FFE, 'x')) + Cadre(0xC0, 9, 8, 3), aucune, "0"},
+        {Soi + Segment(0xE1, std::string(0xFFFD, 'x')) + Cadre(0xC0, 9, 8, 3), "9x8x24xJPG", "0"},
         {Soi + Cadre(0xC5, 5, 5, 3) + Cadre(0xC1, 9, 8, 3), "9x8x24xJPG", "2 5x5x24"},
+        {Soi + Cadre(0xC3, 9, 8, 1), "9x8x8xJPG", "2 9x8x8"},
         {Soi + Cadre(0xCF, 5, 5, 3), aucune, "2 5x5x24"},
         {Soi + Cadre(0xC4, 5, 5, 3) + Cadre(0xC8, 5, 5, 3) + Cadre(0xCC, 5, 5, 3) + Cadre(0xC2, 9, 8, 3), "9x8x24xJPG",
          "2 9x8x24"},
@@ -133,6 +138,7 @@ TEST_F(Images, FichiersCourts)
                         {"without the last byte", pcx, "640x480x32xPCX"},
                         {"half a word is none", "\x0A\x05\x01\x01"s + Petit(5) + Petit(0) + '\x9', "635x480x32xPCX"},
                         {"another file", "PNG", SansDescription},
+                        {"another maker", "\t", SansDescription},
                     });
     Verifier("tga", {
                         {"whole", tga + '\x20', "50000*480*32xTGA"},
@@ -145,7 +151,7 @@ TEST_F(Images, FichiersCourts)
             {"whole", "FORM" + Gros(28, 4) + bmhd + '\x5', "320x36864x5xLBM"},
             {"later record", "FORM...BMHD" + Gros(4, 4) + Gros(1) + Gros(2) + Gros(3, 4) + '\x8', "320x36864x5xLBM"},
             {"across blocks", "FORM" + std::string(4090, 'x') + "BMHD" + Gros(4, 4) + Gros(7), "7x36864x5xLBM"},
+            {"without the record", "FORM....8SVXVHDR", "7x36864x5xLBM"},
             {"another file", "FOR", SansDescription},
         });
-    EXPECT_EQ(DecrireContenu(travail_, "iff", "FORM....8SVXVHDR"), "7x36864x5xIFF");
 }

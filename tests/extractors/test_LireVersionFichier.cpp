@@ -92,7 +92,7 @@ TEST_F(VersionTest, VraiesBibliotheques)
                   "Nom Produit     : \r\nVersion Produit : 1.2\r\nCommentaire     : abc\r\n")
             << machine;
         EXPECT_EQ(Decrire(Construire(machine, "1 RCDATA BEGIN \"FileVersion\" END")), "") << machine;
-        EXPECT_EQ(Decrire(Construire(machine, deuxBlocs)), LigneSimple) << machine;
+        EXPECT_EQ(Decrire(Construire(machine, "1 RCDATA BEGIN \"x\" END\n" + deuxBlocs)), LigneSimple) << machine;
     }
 }
 
@@ -126,11 +126,13 @@ TEST_F(VersionTest, ArbreDeRessourcesDouteux)
     EXPECT_EQ(Decrire(ailleurs), LigneSimple);
     EXPECT_EQ(Decrire(ailleurs.substr(0, racine + 0x40)), "");
 
-    // A last text without its terminator ends all the same.
+    // A last text without its terminator is not cut.
     const size_t valeur = intact.find("1\0.\0002\0\0"s, racine);
     ASSERT_NE(valeur, std::string::npos);
     const std::string sansFin = Avec(Avec(intact, valeur + 6, "Z"), valeur + 2, "\x1D");
-    EXPECT_EQ(Decrire(Avec(sansFin, racine + 0x4C, Petit(valeur + 6 - bloc, 4))), "Version Fichier : 1\r\n");
+    EXPECT_EQ(Decrire(Avec(sansFin, racine + 0x4C, Petit(valeur + 6 - bloc, 4))),
+              "Version Fichier : 1\x1D"
+              "2\r\n");
 }
 
 TEST_F(VersionTest, SeizeBits)
@@ -163,7 +165,8 @@ TEST_F(VersionTest, RechercheDuTexte)
 {
     const std::string compagnie = "Nom Compagnie   : ", description = "Description     : ",
                       version = "Version Fichier : ", interne = "Nom Interne     : ", produit = "Nom Produit     : ",
-                      commentaire = "Commentaire     : ", fin = "\r\n";
+                      commentaire = "Commentaire     : ", copyright = "Copyright légal : ",
+                      original = "Nom Original    : ", fin = "\r\n";
     const std::pair<std::string, std::string> table[] = {
         // UTF-16, whose NULs are counted from the first of a run, in pairs
         {"N\0a\0m\0e\0\0\0C\0o\0m\0p\0a\0n\0y\0N\0a\0m\0e\0\0\0\0\0A\0B\0\0\0z"s, compagnie + "AB" + fin},
@@ -185,6 +188,12 @@ TEST_F(VersionTest, RechercheDuTexte)
         {"FileVersionABCDProductNameXY\0\0"s, version + "ABCDProductNameXY" + fin + produit + "XY" + fin},
         // no room to give back: it ends there, with the lines made so far
         {"CompanyNameAB\0\0FileVersionCInternalNameXY\0\0ProductNameZZ\0\0"s, compagnie + "AB" + fin},
+        {"LegalCopyrightA\035B\036C\0\0"s, copyright + "A\035B" + fin},
+        {"LegalCopyrightABCDOriginalFilenameE\036F\035G\0\0"s, copyright + "AB" + fin + original + "E\036F" + fin},
+        {"OriginalFilenameABProductNameCDEFProductVersionG\0\0"s,
+         original + "AB" + fin + produit + "CD" + fin + "Version Produit : G" + fin},
+        {"ProductVersionA\013B\033C\035D\0\0"s, "Version Produit : AB" + fin},
+        {"ProductVersionABCDComments\0\0ef\0\0"s, "Version Produit : AB" + fin},  // and a comment too short
         // line breaks, comments
         {"FileVersion\r\n1\n2\r3\r\r\n4\0\0"s, version + "-1\n2\r3\r-4" + fin},
         {"Comments\0\0 abc \0\0"s, commentaire + " abc " + fin},

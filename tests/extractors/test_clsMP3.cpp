@@ -1,6 +1,7 @@
 #include <fmt/format.h>
 
 #include "extractors/clsMP3.h"
+#include "outils/Archives.h"
 #include "outils/DecrireContenu.h"
 #include "outils/Octets.h"
 
@@ -141,6 +142,39 @@ TEST_F(MP3Test, ID3v1)
     EXPECT_EQ(Lire(ID3v1("Court", "", 17).substr(1)).Title, "");
 }
 
+TEST_F(MP3Test, Tables)
+{
+    std::string debits, genres;
+    for (int rang = 1; rang < 15; ++rang)
+        debits += Lire(Champ("\xFF\xFB" + Petit(rang << 4, 1), 300)).Bitrate + ' ';
+    EXPECT_EQ(debits, "32 40 48 56 64 80 96 112 128 160 192 224 256 320 ");
+    for (int genre = 0; genre <= 126; ++genre)
+        genres += Lire(ID3v1("", "", genre)).Genre + '\n';
+    EXPECT_EQ(std::count(genres.begin(), genres.end(), '\n'), 127);
+    EXPECT_EQ(Crc32(genres), 0x7186ad3aU) << genres;  // the list, as it was laid down
+}
+
+TEST_F(MP3Test, TramesDesDeuxVersions)
+{
+    const std::string deux[] = {"TT2", "TOA", "TAL", "TYE", "TCO", "TRCK"};
+    const std::string trois[] = {"TIT2", "TPE1", "TALB", "TYER", "TCON", "TRCK"};
+    std::string corps2, corps3;
+    for (int rang = 0; rang < 6; ++rang) {
+        const std::string texte(1, static_cast<char>('a' + rang));
+        corps2 += Trame2(deux[rang], texte);
+        corps3 += Trame3(trois[rang], texte);
+    }
+    for (const std::string& tag : {ID3v2(2, corps2), ID3v2(3, corps3), Avec(ID3v2(3, corps3), 5, "\x80")}) {
+        const clsMP3 mp3 = Lire(tag + Champ("", 128));
+        EXPECT_EQ(mp3.Title + mp3.Artist + mp3.Album + mp3.Year + mp3.Genre, "abcde");
+        EXPECT_EQ(mp3.Track, tag[3] == 3 ? "f" : Lire(ID3v2(2, corps2) + Champ("", 128)).Track);
+    }
+    // The weight of the first byte of a tag's size.
+    const std::string tag = Avec(ID3v2(3, Trame3("TIT2", "Deux")), 6, "\1\0\0\0"s), fin = ID3v1("Un", "", 0);
+    for (const size_t taille : {20917151U, 20917152U})
+        EXPECT_EQ(Lire(Champ(tag, taille - 128) + fin).Title, taille < 20917152U ? "Un" : "Deux");
+}
+
 // Over an ID3v1 record with the title "Un" and genre 17, as "title/artist/genre".
 TEST_F(MP3Test, ID3v2)
 {
@@ -158,9 +192,18 @@ TEST_F(MP3Test, ID3v2)
              Cas{"genre a number in brackets", genre("(8)"), "Un/Moi/"},
              Cas{"genre a number", genre("8"), "Un/Moi/Jazz"},
              Cas{"genre a number behind", genre("(RX)8"), "Un/Moi/Jazz"},
+             Cas{"genre with a sign", genre("+17"), "Un/Moi/Rock"},
+             Cas{"genre with decimals", genre("17.0"), "Un/Moi/Rock"},
+             Cas{"genre to be rounded", genre("16,6"), "Un/Moi/Rock"},
+             Cas{"genre below", genre("-1"), "Un/Moi/"},
+             Cas{"genre above", genre("125.6"), "Un/Moi/"},
              Cas{"empty text", trois(Trame3("TIT2", "") + artiste), "Un/Toi/Rock"},
              Cas{"length 0 ends", trois(titre + "TPE1" + Petit(0, 20) + Trame3("TCON", "8")), "Deux/Moi/17"},
+             Cas{"length 0 in the album", trois(titre + "TALB" + Petit(0, 20) + artiste), "Deux/Moi/17"},
+             Cas{"the same in 2.2", ID3v2(2, Trame2("TT2", "Deux") + "TAL" + Petit(0, 20) + Trame2("TOA", "Toi")),
+                 "Deux/Moi/17"},
              Cas{"encrypted", trois(Trame3("TIT2", "Deux", 0x40) + Trame3("TPE1", "Toi", 0x80)), "Deux/Moi/Rock"},
+             Cas{"compressed", trois(Trame3("TPE1", "Toi", 0x40) + Trame3("TCON", "8")), "Un/Moi/Jazz"},
              Cas{"grouped", trois(Trame3("TPE1", "Toi", 0x20)), "Un/Toi/Rock"},
              Cas{"UTF-16 as bytes", trois(Trame3("TIT2", "\xFF\xFE\xE9\0"s)), "ÿþé\0/Moi/Rock"s},
              Cas{"inside other data", trois(Trame3("COMM", "vTIT2" + Fois(7, "\3") + "abcdef") + titre), "ab/Moi/Rock"},

@@ -29,7 +29,6 @@ Environnement::Environnement()
 
 Environnement::~Environnement()
 {
-    FixerAbandon(false);
     std::error_code erreur;
     fs::permissions(racine_, fs::perms::owner_all, erreur);
     fs::remove_all(racine_, erreur);

@@ -106,6 +106,12 @@ TEST_F(Cycle, ABaseInItsUsualPlaceIsTakenAndTheTemplateIsCopied)
     EXPECT_EQ(Brut(Programme("Data.z"), "select count(*) from sqlite_master where name = 'Pret'"), Lignes{"0"});
 }
 
+static bool Enregistrer()
+{
+    Base base = OpenDatabase(BaseCourante());
+    return EnregistrerExtensions(base);
+}
+
 TEST_F(Cycle, AForeignCurrentFileGivesAnEmptyCatalogue)
 {
     AjouterExtension("jpg");
@@ -114,8 +120,7 @@ TEST_F(Cycle, AForeignCurrentFileGivesAnEmptyCatalogue)
     InitialiserBase();
     CompacterBase();
     EXPECT_EQ(ListeExtensions(), "");
-    EXPECT_FALSE(EnregistrerExtensions());
-    EXPECT_FALSE(ModifierCatalogue(1, true, ""));
+    EXPECT_FALSE(Enregistrer());
     EXPECT_EQ(Contenu(travail_ / "lettre.vlr"), "bonjour");
 }
 
@@ -124,7 +129,7 @@ TEST_F(Cycle, ExtensionListKeepsItsOddities)
     InitialiserBase();
     const std::pair<const char*, bool> suite[] = {{"", false},    {"jpg", true}, {"jp", false}, {"JPG", true},
                                                   {"jpg", false}, {"a|b", true}, {"b", false}};
-    EXPECT_TRUE(EnregistrerExtensions());
+    EXPECT_TRUE(Enregistrer());
     InitialiserBase();
     EXPECT_EQ(ListeExtensions(), " ");
     Brut(BaseCourante(), "delete from LE");
@@ -132,7 +137,7 @@ TEST_F(Cycle, ExtensionListKeepsItsOddities)
     for (const auto& [extension, neuve] : suite)
         EXPECT_EQ(AjouterExtension(extension), neuve) << extension;
     EXPECT_EQ(ListeExtensions(), "|jpg|JPG|a|b");
-    EXPECT_TRUE(EnregistrerExtensions());
+    EXPECT_TRUE(Enregistrer());
     InitialiserBase();
     EXPECT_EQ(ListeExtensions(), "|jpg|JPG|a|b");
     EXPECT_FALSE(AjouterExtension("pg|J"));
@@ -199,22 +204,6 @@ TEST_F(Cycle, CompactionOnAFullDiskOrAnOpenBaseChangesNothing)
     const Base ouverte = OpenDatabase(chemin);
     CompacterBase();
     EXPECT_TRUE(Contenu(chemin) == avant);
-}
-
-TEST_F(Cycle, MediaIsShownAndDeleted)
-{
-    const std::string chemin = BaseGonflee();
-    EXPECT_TRUE(ModifierCatalogue(8, true, "#8#D:"));
-    EXPECT_FALSE(ModifierCatalogue(99, true, ""));
-    EXPECT_EQ(Brut(chemin, "select Tree from Catalogue where Flag"), Lignes{"#8#D:"});
-    for (const char* sansEffet : {"", "8 or 1 = 1'", "8; delete from Catalogue"})
-        SupprimerMedia(sansEffet);
-    EXPECT_EQ(Brut(chemin, "select count(*) from Catalogue"), Lignes{"2"});
-    FixerAbandon(false);
-    SupprimerMedia(" 8");
-    EXPECT_TRUE(ExtractionAbandonnee());
-    EXPECT_EQ(Brut(chemin, "select (select count(*) from Liste) || (select group_concat(Num) from Catalogue)"),
-              Lignes{"07"});
 }
 
 // Leaves a base as a crash in mid transaction does, its journal beside it.

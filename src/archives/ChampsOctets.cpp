@@ -1,8 +1,8 @@
-#include "archives/ChampsRar.h"
+#include "archives/ChampsOctets.h"
 
 #include <zlib.h>
 
-bool SommeRarJuste(std::string_view octets, uint32_t attendue, uint32_t masque)
+bool SommeJuste(std::string_view octets, uint32_t attendue, uint32_t masque)
 {
 #ifdef FUZZING_BUILD_MODE_UNSAFE_FOR_PRODUCTION
     return true;  // a fuzzer can't guess them

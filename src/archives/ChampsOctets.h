@@ -6,11 +6,11 @@
 #include <cstdint>
 #include <string_view>
 
-// Takes the fields of a RAR header one after another out of its bytes. Once a field is missing, it and every later one
-// is 0, and Complets() tells so.
-class ChampsRar {
+// Takes the fields of an archive's header one after another out of its bytes. Once a field is missing, it and every
+// later one is 0, and Complets() tells so.
+class ChampsOctets {
 public:
-    explicit ChampsRar(std::string_view octets) : reste_(octets) {}
+    explicit ChampsOctets(std::string_view octets) : reste_(octets) {}
 
     bool Complets() const { return complets_; }
     size_t Reste() const { return reste_.size(); }
@@ -57,5 +57,5 @@ private:
     bool complets_ = true;
 };
 
-// Whether the CRC-32 of a header's bytes, in the bits of `masque`, is the one that the header names.
-bool SommeRarJuste(std::string_view octets, uint32_t attendue, uint32_t masque);
+// Whether the CRC-32 of these bytes, in the bits of `masque`, is the one that an archive names.
+bool SommeJuste(std::string_view octets, uint32_t attendue, uint32_t masque = UINT32_MAX);

@@ -1,0 +1,108 @@
+// Measures how long the windows keep the user waiting: the longest time between two turns of the event loop, in
+// milliseconds, while the real windows work offscreen on a base. Results are lines "key: value".
+
+#include <chrono>
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <QToolButton>
+#include <QTreeView>
+
+#include "browser/frmView.h"
+#include "platform/Chemins.h"
+#include "search/frmRecherche.h"
+#include "shell/Fenetres.h"
+#include "shell/FrmMain.h"
+#include "store/Reglages.h"
+
+namespace {
+
+class Muet : public Dialogues {
+public:
+    void Informer(const std::string&) override {}
+    bool Demander(const std::string&, const std::string&) override { return false; }
+    std::string ChoisirFichier(const DemandeFichier&) override { return {}; }
+    std::string ChoisirDossier(const std::string&) override { return {}; }
+};
+
+// Turns the loop until the work and what follows from it is done, and prints the longest turn.
+void Mesurer(const char* etape, Travail& travail, const std::function<void()>& agir)
+{
+    using Horloge = std::chrono::steady_clock;
+    const auto debut = Horloge::now();
+    double pire = 0;
+    const auto tourner = [&pire](const std::function<void()>& tour) {
+        const auto avant = Horloge::now();
+        tour();
+        pire = std::max(pire, std::chrono::duration<double, std::milli>(Horloge::now() - avant).count());
+    };
+    tourner(agir);
+    for (int calme = 0; calme < 20; calme = travail.EnCours() ? 0 : calme + 1)
+        tourner([] { QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents); });
+    std::printf("%s.ecart_max_ms: %.0f\n%s.secondes: %.2f\n", etape, pire, etape,
+                std::chrono::duration<double>(Horloge::now() - debut).count());
+}
+
+template <typename Classe>
+Classe* Fenetre()
+{
+    for (QWidget* fenetre : QApplication::topLevelWidgets())
+        if (auto* trouvee = qobject_cast<Classe*>(fenetre))
+            return trouvee;
+    return nullptr;
+}
+
+void ParcourirTout(const std::string& base)
+{
+    SaveSetting(SectionSettings, CleBaseCourante, base);
+    Muet dialogues;
+    Fenetres fenetres(dialogues);
+    fenetres.Demarrer();
+    Travail& travail = fenetres.Ouvrage();
+    QTimer battement;  // the loop turns at least so often
+    battement.start(2);
+
+    Mesurer("arbre", travail, [] { Fenetre<FrmMain>()->findChild<QToolButton*>("Visualiser")->click(); });
+    auto* vue = Fenetre<frmView>();
+    auto* arbre = vue->findChild<QTreeView*>("tvTreeView");
+    Mesurer("deplier", travail, [&] { arbre->expand(arbre->currentIndex()); });
+    Mesurer("media", travail, [&] { emit arbre->clicked(arbre->currentIndex()); });
+    Mesurer("trier_liste", travail,
+            [&] { emit vue->findChild<QTreeView*>("lvRapport")->header()->sectionClicked(0); });
+    Mesurer("fenetre_recherche", travail, [&] { emit vue->rechercheVoulue(); });
+    auto* recherche = Fenetre<frmRecherche>();
+    recherche->findChild<QLineEdit*>("Saisie0")->setText("*");
+    auto* ok = recherche->findChild<QPushButton*>("OK0");
+    auto* resultats = recherche->findChild<QTreeView*>("lvListView");
+    Mesurer("chercher_tout", travail, [&] { ok->click(); });
+    std::printf("chercher_tout.resultats: %d\n", resultats->model()->rowCount());
+    Mesurer("trier_resultats", travail, [&] { emit resultats->header()->sectionClicked(1); });
+    Mesurer("bas_de_liste", travail, [&] {
+        resultats->setCurrentIndex(resultats->model()->index(resultats->model()->rowCount() - 1, 0));
+    });
+    Mesurer("vider", travail, [&] { recherche->close(); });
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 2) {
+        std::fputs("Usage : velourne_boucle BASE\n", stderr);
+        return 2;
+    }
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    setenv("TZ", ":/etc/localtime", 0);  // as the program does
+    Q_INIT_RESOURCE(velourne);
+    QApplication application(argc, argv);
+    setlocale(LC_NUMERIC, "C");
+    ParcourirTout(argv[1]);
+    return 0;
+}
