@@ -65,7 +65,7 @@ frmView::frmView(Dialogues& dialogues, ChoixLecteur& choixLecteur, Travail& trav
 // The views go first: what they show lies in this window. What was asked for this window stops.
 frmView::~frmView()
 {
-    for (const Place place : {Place::Arbre, Place::Liste, Place::Tri, Place::Commande})
+    for (const Place place : {Place::Arbre, Place::Liste, Place::Description, Place::Tri, Place::Commande})
         travail_.Arreter(place);
     travail_.Attendre();
     delete takeCentralWidget();
@@ -301,7 +301,7 @@ void frmView::Montrer(Lecture& lecture)
 
 void frmView::lvListView_Click()
 {
-    travail_.Executer(Place::Liste, [this] {
+    travail_.Executer(Place::Description, [this] {
         const QModelIndex index = panneaux_.VueListe()->currentIndex();
         if (!index.isValid())
             return;

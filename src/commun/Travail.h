@@ -10,15 +10,16 @@
 
 // What a piece of work is for. A newer request for the same place stops the older one.
 enum class Place {
-    Arbre,       // loading of the catalogue tree
-    Liste,       // reading of a node's entries, or of one description
-    Tri,         // sorting of what is shown
-    Recherche,   // the search
-    Course,      // reading of a drive
-    Listing,     // writing of a listing
-    Compaction,  // of the base, at the end
-    Commande,    // a command that writes, switches or deletes a base
-    Lecteurs,    // look-ups of drives, which may hang
+    Arbre,         // loading of the catalogue tree
+    Liste,         // reading of a node's entries
+    Description,   // of one entry or result
+    Tri,           // sorting of the browser's list
+    Recherche,     // the search
+    TriResultats,  // sorting of its results
+    Course,        // reading of a drive
+    Listing,       // writing of a listing
+    Compaction,    // of the base, at the end
+    Commande,      // a command that writes, switches or deletes a base
 };
 
 // Long work, one piece at a time, on a worker thread. A piece runs on the worker; then its sequel runs on the thread

@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QShortcut>
 
+#include "catalogue/Medias.h"
 #include "commun/Formes.h"
 #include "extraction/Animation.h"
 #include "extraction/FrmResultat.h"
@@ -63,8 +64,8 @@ FrmSemiAuto::~FrmSemiAuto()
 {
     if (!extraction_)
         return;
+    questionPosee_ = true;  // nobody is told of the end any more
     extraction_->Abandonner();
-    travail_.Arreter(Place::Course);
     travail_.Attendre();
 }
 

@@ -193,7 +193,8 @@ void clsMP3::LireFlux(const Fichier& fichier)
     Bitrate = std::to_string(debit);
     if (debit == 0)
         return;
-    const uint64_t secondes = taille / debit / 125;  // 125 bytes are a kilobit; the tags count (34)
+    // 125 bytes are a kilobit; the tags count as sound (kept, particularité 34).
+    const uint64_t secondes = taille / debit / 125;
     Duration = std::to_string(secondes / 60) + "m " + std::to_string(secondes % 60) + "s";
 }
 

@@ -74,7 +74,7 @@ frmRecherche::frmRecherche(Dialogues& dialogues, Travail& travail, QWidget* pare
 // The list goes first: what it shows lies in this window. What was asked for this window stops.
 frmRecherche::~frmRecherche()
 {
-    for (const Place place : {Place::Recherche, Place::Tri})
+    for (const Place place : {Place::Recherche, Place::TriResultats, Place::Description})
         travail_.Arreter(place);
     travail_.Attendre();
     delete takeCentralWidget();
@@ -365,7 +365,7 @@ void frmRecherche::TrierColonne(int colonne)
     panneaux_.infobulle->Cacher();
     const auto ordre = std::make_shared<ListeFichiers::Ordre>();
     travail_.Demander(
-        Place::Tri,
+        Place::TriResultats,
         [this, ordre, tri](const std::stop_token& arret) {
             *ordre = liste_.Trier(tri.colonne, tri.decroissant, arret);
         },
@@ -378,7 +378,7 @@ void frmRecherche::TrierColonne(int colonne)
 void frmRecherche::lvListView_Click()
 {
     CacherCalendrier();
-    travail_.Executer(Place::Liste, [this] {
+    travail_.Executer(Place::Description, [this] {
         const QModelIndex index = panneaux_.lvListView->currentIndex();
         if (!index.isValid())
             return;

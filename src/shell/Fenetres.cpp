@@ -181,7 +181,7 @@ void Fenetres::Quitter(QWidget* devant)
         recherche_->Memoriser();
     if (assistant_ && assistant_->isVisible())
         assistant_->Memoriser();
-    for (const Place place : {Place::Arbre, Place::Liste, Place::Tri, Place::Recherche})
+    for (const Place place : {Place::Arbre, Place::Liste, Place::Tri, Place::Recherche, Place::TriResultats})
         travail_.Arreter(place);
     attente_.Montrer("Velourne est en cours de fermeture ... ", devant);
     travail_.Demander(
