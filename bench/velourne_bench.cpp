@@ -17,6 +17,7 @@
 
 #include <fmt/format.h>
 
+#include "audio.h"
 #include "catalogue/ArbreCatalogue.h"
 #include "catalogue/ListeFichiers.h"
 #include "extraction/AjouterFichierZip.h"
@@ -38,7 +39,6 @@
 #include "archives/ListerArchive.h"
 
 namespace fs = std::filesystem;
-using Arguments = std::vector<std::string>;
 
 namespace {
 
@@ -53,7 +53,9 @@ constexpr const char* Aide =
     "  membres ARCHIVE                          membres d'une archive : indice, indice du parent, texte du noeud\n"
     "  chercher BASE MOT [--onglet 0|1|2] [--media N] [--descriptions] [--noms] [--extension E] [--dates D1 D2]\n"
     "           [--liste]                       cherche comme la fenêtre ; dates en AAAAMMJJ ; --liste : les "
-    "résultats\n"
+    "résultats\n";
+
+constexpr const char* AideDossiers =
     "Les réglages et les lettres sont dans XDG_CONFIG_HOME, les fichiers de travail dans XDG_DATA_HOME.\n";
 
 class Chronometre {
@@ -311,6 +313,12 @@ void Chercher(const Arguments& arguments)
     ImprimerMemoire();
 }
 
+void AudioDansBase(const Arguments& arguments)
+{
+    OuvrirBase(arguments[1], true);
+    Audio(arguments);
+}
+
 void Membres(const Arguments& arguments)
 {
     const ArbreArchive tv = ListerArchive(Fichier(arguments[1]), ExtensionFichier(arguments[1]));
@@ -329,6 +337,10 @@ constexpr Commande Commandes[] = {
     {"extraire", 3, 5, Extraire},        {"arbre", 2, 2, Arbre},
     {"dossier", 3, 3, Dossier},          {"decrire", 2, SIZE_MAX, Decrire},
     {"chercher", 3, SIZE_MAX, Chercher}, {"membres", 2, 2, Membres},
+    {"disque", 2, 2, Disque},            {"toc", 2, 2, Toc},
+    {"cdtexte", 2, 2, CdTexte},          {"cddb", 4, 6, Cddb},
+    {"sites", 2, 2, Sites},              {"soumettre", 5, 5, Soumettre},
+    {"lecteur", 2, SIZE_MAX, Lecteur},   {"audio", 5, 11, AudioDansBase},
 };
 
 }  // namespace
@@ -338,7 +350,7 @@ int main(int argc, char** argv)
     setenv("TZ", ":/etc/localtime", 0);  // as the program does
     const Arguments arguments(argv + 1, argv + argc);
     if (!arguments.empty() && (arguments[0] == "--help" || arguments[0] == "-h")) {
-        fmt::print("{}", Aide);
+        fmt::print("{}{}{}", Aide, AideAudio, AideDossiers);
         return 0;
     }
     const char* donnees = std::getenv("XDG_DATA_HOME");
@@ -359,6 +371,6 @@ int main(int argc, char** argv)
             return 1;
         }
     }
-    fmt::print(stderr, "{}", Aide);
+    fmt::print(stderr, "{}{}{}", Aide, AideAudio, AideDossiers);
     return 2;
 }

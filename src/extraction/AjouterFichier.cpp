@@ -51,6 +51,8 @@ bool AjouterFichier(int64_t media, const LigneFichier& ligne, Recordset& enregis
     enregistrements.Poser("DateF", ligne.date);
     enregistrements.Poser("Heure", ligne.heure);
     enregistrements.Poser("attribut", ligne.attribut.substr(0, 10));
+    if (!ligne.alias.empty())
+        enregistrements.Poser("Alias", ligne.alias);
 
     std::string tiree;
     if (!chemin.empty())
