@@ -191,7 +191,7 @@ std::unique_ptr<LecteurCD> MachineFactice::Ouvrir(std::string_view lecteur)
 {
     const char lettre = lecteur.empty() ? '\0' : LettreBasse(lecteur[0]);
     for (const auto& appareil : appareils_)
-        if (appareil->lettre == lettre || appareil->lettre == AppareilFactice::ToutesLettres)
+        if (lettre != 0 && (appareil->lettre == lettre || appareil->lettre == AppareilFactice::ToutesLettres))
             return std::make_unique<LecteurFactice>(*appareil);
     return nullptr;
 }

@@ -136,9 +136,9 @@ std::string RunCDAudio::DescriptionMedia(bool cdTexte) const
     std::string texte;
     if (cdTexte && !freedb_.GetCdText().empty()) {
         const TextesCD cd = LireCdTexte(freedb_.GetCdText());
-        texte = Lignes({{"Album  : ", cd.album}, {"Artiste  : ", cd.artiste}, {"Genre  : ", cd.genre},
-                        {"Année  : ", cd.annee}},
-                       true);
+        texte = Lignes(
+            {{"Album  : ", cd.album}, {"Artiste  : ", cd.artiste}, {"Genre  : ", cd.genre}, {"Année  : ", cd.annee}},
+            true);
     } else if (etat_ != MATCH_NONE) {
         texte = Lignes({{"Album  : ", freedb_.GetAlbumName()},
                         {"Artiste  : ", freedb_.GetArtistName()},
@@ -284,8 +284,7 @@ std::string DatePiste(const DateHeure& date)
 {
     using namespace std::chrono;
     const year annee{date.annee};
-    const sys_days jour =
-        annee / month{static_cast<unsigned>(date.mois)} / day{static_cast<unsigned>(date.jour)};
+    const sys_days jour = annee / month{static_cast<unsigned>(date.mois)} / day{static_cast<unsigned>(date.jour)};
     const auto rang = (jour - sys_days{annee / January / 1}).count() + 1;
     return fmt::format("{:04}{}{}{:02}", date.annee, rang, date.mois, date.jour);
 }

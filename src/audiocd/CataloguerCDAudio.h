@@ -19,7 +19,7 @@ void InitUFreedb(uFREEDB& freedb, long haut = 0, long gauche = 0);
 struct DemandeCDAudio {
     int64_t media = 0;
     char lettre = 0;
-    long haut = 0, gauche = 0;                // for the lists
+    long haut = 0, gauche = 0;               // for the lists
     std::function<void(uFREEDB&)> reglages;  // what is set otherwise than InitUFreedb does; may be empty
 };
 

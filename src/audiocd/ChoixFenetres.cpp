@@ -70,7 +70,8 @@ int ChoixFenetres::Demander(const Creation& creer, const std::stop_token& arret)
             FenetreChoix* fenetre = creer(fenetre_);
             question->fenetre = fenetre;
             fenetre->setAttribute(Qt::WA_DeleteOnClose);
-            connect(fenetre, &QDialog::finished, fenetre, [question, fenetre] { question->Repondre(fenetre->Choisi()); });
+            connect(fenetre, &QDialog::finished, fenetre,
+                    [question, fenetre] { question->Repondre(fenetre->Choisi()); });
             connect(fenetre, &QObject::destroyed, this, [question] { question->Repondre(0); });
             fenetre->open();
         },

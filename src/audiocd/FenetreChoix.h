@@ -21,8 +21,7 @@ public:
     void Placer(long haut, long gauche);
 
 protected:
-    FenetreChoix(const QString& titre, const QString& entete, const std::vector<std::string>& rangees,
-                 QWidget* parent);
+    FenetreChoix(const QString& titre, const QString& entete, const std::vector<std::string>& rangees, QWidget* parent);
 
     // Above the list.
     void AjouterLigne(const QString& texte);

@@ -67,7 +67,8 @@ int DureePiste(LecteurCD& lecteur, int piste)
     int derniere = 0;
     Msf debut, fin;
     if (!lecteur.LireBornes(premiere, derniere) || piste < premiere || piste > derniere ||
-        !lecteur.LireDebut(piste, debut) || !lecteur.LireDebut(piste < derniere ? piste + 1 : LecteurCD::PisteFinale, fin))
+        !lecteur.LireDebut(piste, debut) ||
+        !lecteur.LireDebut(piste < derniere ? piste + 1 : LecteurCD::PisteFinale, fin))
         return 0;
     return Trames(fin) - Trames(debut);
 }
@@ -131,9 +132,9 @@ bool InterpreteCD::Ouvrir(const Mots& mots)
 
 bool InterpreteCD::Fermer(const Mots& mots)
 {
-    return std::erase_if(appareils_, [&](const Appareil& appareil) {
-               return mots[1] == "all" || appareil.alias == mots[1];
-           }) != 0 ||
+    return std::erase_if(appareils_,
+                         [&](const Appareil& appareil) { return mots[1] == "all" || appareil.alias == mots[1]; }) !=
+               0 ||
            mots[1] == "all";
 }
 
@@ -149,7 +150,8 @@ bool InterpreteCD::Jouer(Appareil& appareil, const Mots& mots)
     }
     Msf debut = appareil.place;
     Msf fin;
-    const bool debutConnu = !de.empty() ? LirePlace(appareil, de, debut) : appareil.placee || DebutDisque(lecteur, debut);
+    const bool debutConnu =
+        !de.empty() ? LirePlace(appareil, de, debut) : appareil.placee || DebutDisque(lecteur, debut);
     if (!debutConnu || !(a.empty() ? FinDisque(lecteur, fin) : LirePlace(appareil, a, fin)))
         return false;
     appareil.suspendu = appareil.placee = false;
@@ -199,11 +201,11 @@ bool InterpreteCD::Etat(Appareil& appareil, const Mots& mots, std::string& repon
     if (Commence(mots, 2, {"mode"})) {
         const EtatLecteur etat = lecteur.LireEtat();
         const EtatLecture lecture = PlaceCourante(appareil).etat;
-        reponse = etat == EtatLecteur::TiroirOuvert  ? "open"
-                  : etat != EtatLecteur::Pret        ? "not ready"
-                  : lecture == EtatLecture::EnCours  ? "playing"
-                  : lecture == EtatLecture::Pause    ? "paused"
-                                                     : "stopped";
+        reponse = etat == EtatLecteur::TiroirOuvert ? "open"
+                  : etat != EtatLecteur::Pret       ? "not ready"
+                  : lecture == EtatLecture::EnCours ? "playing"
+                  : lecture == EtatLecture::Pause   ? "paused"
+                                                    : "stopped";
         return true;
     }
     if (Commence(mots, 2, {"number", "of", "tracks"})) {

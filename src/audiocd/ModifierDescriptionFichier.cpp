@@ -7,8 +7,8 @@
 bool ModifierDescriptionFichier(int64_t media, std::string_view texte)
 {
     Base base = OpenDatabase(BaseCourante());
-    Recordset racine = base.OpenRecordset("select * from Liste where NCatalogue = " + Str(media) +
-                                          " and Répertoire = '000000000' ");
+    Recordset racine =
+        base.OpenRecordset("select * from Liste where NCatalogue = " + Str(media) + " and Répertoire = '000000000' ");
     if (racine.Eof())
         return false;
     racine.Edit();

@@ -10,7 +10,7 @@
 
 // Answers of a drive to READ TOC/PMA/ATIP (MMC), with MSF addresses, and the texts that are made of them.
 
-inline constexpr size_t TailleReponseToc = 804;     // header of four bytes, a hundred descriptors of eight
+inline constexpr size_t TailleReponseToc = 804;      // header of four bytes, a hundred descriptors of eight
 inline constexpr size_t TailleReponseCdText = 4612;  // header of four bytes, 256 packs of eighteen
 using ReponseToc = std::array<uint8_t, TailleReponseToc>;
 using ReponseCdText = std::array<uint8_t, TailleReponseCdText>;

@@ -166,10 +166,7 @@ public:
 
     int Adaptateurs() override { return static_cast<int>(Hotes(AppareilsScsi()).size()); }
 
-    int TypeAppareil(int adaptateur, int cible, int unite) override
-    {
-        return Chercher(adaptateur, cible, unite).type;
-    }
+    int TypeAppareil(int adaptateur, int cible, int unite) override { return Chercher(adaptateur, cible, unite).type; }
 
     std::unique_ptr<LecteurCD> OuvrirAppareil(int adaptateur, int cible, int unite) override
     {
