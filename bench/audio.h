@@ -16,7 +16,7 @@ inline constexpr const char* AideAudio =
     "  sites HOTE:PORT                          liste des serveurs\n"
     "  soumettre HOTE:PORT CATEGORIE IDENTITE FICHIER   envoie une entrée\n"
     "  lecteur COMMANDE... [--toc TOC]          opérations (\"SetTrack 3\") ou commandes (\"play cd\") du lecteur :\n"
-    "                                           ce qui arrive au lecteur factice d:, ce qu'il répond\n"
+    "                                           ce qui arrive à un lecteur factice, ce qu'il répond\n"
     "  audio BASE IDENTIFIANT NOM TOC [--cdtexte FICHIER] [--serveur HOTE:PORT | --local DOSSIER] [--choix N]\n"
     "                                           catalogue un CD audio\n";
 

@@ -47,6 +47,7 @@ std::string DossierCategorie(const std::string& dossier, std::string_view catego
 }
 
 // Hands over the lines of the entry, without their ends, up to the one that holds the mark. False without an entry.
+// Any line that holds the identity begins it: kept, particularité Xaudio8.
 bool ParcourirEntree(const std::string& chemin, std::string_view identite, std::string_view marqueFin,
                      const std::function<void(std::string_view)>& recevoir)
 {

@@ -131,6 +131,7 @@ FinExtraction RunCDAudio::LectureCdAudio()
     return AjouterCdAudio(GetSettingNombre(SectionDescriptions, "CDText", 0) != 0);
 }
 
+// Titles are the lookup's, even beside CD-Text: kept, particularité Xaudio9.
 std::string RunCDAudio::DescriptionMedia(bool cdTexte) const
 {
     std::string texte;

@@ -46,5 +46,6 @@ private:
 FinExtraction CataloguerCDAudio(const DemandeCDAudio& demande, const InterfacesCDAudio& interfaces, SuiviCDAudio& suivi,
                                 std::stop_token arret);
 
-// The date of a track: year, day of the year, month, and day with two digits ("20263251121").
+// The date of a track: year, day of the year, month, and day with two digits ("20263251121"): kept, particularité
+// Xaudio7.
 std::string DatePiste(const DateHeure& date);

@@ -90,7 +90,7 @@ private:
     }
 
     bool presents_ = false;
-    int derniere_ = 0;   // highest track that a pack's head names
+    int derniere_ = 0;   // highest track that a pack's head names: kept, particularité Xaudio10
     std::string cumul_;  // survives from pack to pack
     std::string interprete_, album_, message_;
     std::array<std::string, PistesMaximum + 1> titres_;

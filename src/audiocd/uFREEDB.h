@@ -82,7 +82,8 @@ public:
     // Letters of the optical drives, each followed by "|".
     std::string GetCdRoms() const;
 
-    // Asks the server for others; their number with those that were known before, which stay.
+    // Asks the server for others; their number with those that were known before, which stay: kept, particularité
+    // Xaudio5.
     int16_t GetServerSites(std::stop_token arret = {});
 
     // Serial number of the data disc in a drive, eight hexadecimal digits.
@@ -91,7 +92,8 @@ public:
     // TOC text of the disc in a drive; "" when no road leads to one.
     std::string GetMediaTOC(std::string_view lecteur, std::stop_token arret = {});
 
-    // Looks the disc up. One of EtatRecherche; that of the lookup before when the text is no TOC.
+    // Looks the disc up. One of EtatRecherche; that of the lookup before when the text is no TOC or the request fails:
+    // kept, particularité Xaudio6.
     long LookupMediaByToc(std::string_view toc, std::stop_token arret = {});
 
     // Takes an edited entry in place of the one found. Nothing edits entries as long as editerEntree is empty.

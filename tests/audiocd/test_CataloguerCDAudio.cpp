@@ -123,7 +123,7 @@ TEST_F(CDAudioTest, CDTextSansReponse)
                   titres);
 }
 
-TEST_F(CDAudioTest, BaseLocaleParDefautEtSansDisque)
+TEST_F(CDAudioTest, BaseLocaleSansDossierEtSansDisque)
 {
     SaveSetting(SectionSettings, "BaseLocale", "1");
     ASSERT_EQ(Cataloguer(), FinExtraction::Complete);

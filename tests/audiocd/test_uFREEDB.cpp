@@ -260,6 +260,21 @@ TEST_F(Cddb, ListeDesServeurs)
     EXPECT_EQ(garde("éà"), "éà");
 }
 
+TEST_F(Cddb, BaseLocaleAbsente)
+{
+    InitUFreedb(freedb_);
+    EXPECT_EQ(freedb_.CDDBServer(), "gnudb.gnudb.org");
+    freedb_.CDDBServer(serveur_.Adresse());
+    EXPECT_EQ(freedb_.LookupMediaByToc(Toc), 0);
+    EXPECT_TRUE(serveur_.Requetes().empty());
+    SaveSetting(SectionSettings, "BaseLocale", "0");
+    InitUFreedb(freedb_);
+    freedb_.CDDBServer(serveur_.Adresse());
+    freedb_.LookupMediaByToc(Toc);
+    EXPECT_EQ(serveur_.Requetes().size(), 1U);
+    EXPECT_NE(freedb_.EmailAddress(), "moi@ici.fr");  // the program's own passes the pattern
+}
+
 TEST_F(Cddb, BaseLocale)
 {
     const std::filesystem::path base = travail_ / "cddb";
