@@ -2,19 +2,57 @@
 
 #include <algorithm>
 
+#include <QAbstractTableModel>
 #include <QGuiApplication>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
-#include <QTreeWidget>
+#include <QTreeView>
 #include <QVBoxLayout>
 
+#include "commun/Formes.h"
 #include "fenetres/TextesQt.h"
+
+namespace {
+
+// The rows as they came: a server may send a million of them.
+class ModeleRangees : public QAbstractTableModel {
+public:
+    ModeleRangees(const std::vector<std::string>& rangees, QObject* parent)
+        : QAbstractTableModel(parent), rangees_(rangees)
+    {
+        for (const std::string& rangee : rangees)
+            colonnes_ = std::max(colonnes_, static_cast<int>(std::count(rangee.begin(), rangee.end(), '\t')) + 1);
+        colonnes_ = std::min(colonnes_, ColonnesMaximum);
+    }
+
+    int rowCount(const QModelIndex& parent) const override
+    {
+        return parent.isValid() ? 0 : static_cast<int>(rangees_.size());
+    }
+    int columnCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : colonnes_; }
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        if (role != Qt::DisplayRole)
+            return {};
+        std::string_view reste = rangees_[static_cast<size_t>(index.row())];
+        for (int colonne = 0; colonne < index.column(); ++colonne)
+            Detacher(reste, '\t');
+        const std::string_view cellule = index.column() + 1 < colonnes_ ? Detacher(reste, '\t') : reste;
+        return EnLignes(cellule).replace('\n', ' ');
+    }
+
+private:
+    static constexpr int ColonnesMaximum = 8;
+    std::vector<std::string> rangees_;
+    int colonnes_ = 1;
+};
+
+}  // namespace
 
 FenetreChoix::FenetreChoix(const QString& titre, const QString& entete, const std::vector<std::string>& rangees,
                            QWidget* parent)
-    : QDialog(parent), tete_(new QVBoxLayout), liste_(new QTreeWidget)
+    : QDialog(parent), tete_(new QVBoxLayout), liste_(new QTreeView)
 {
     setWindowTitle(titre);
     liste_->setObjectName("Liste");
@@ -22,20 +60,16 @@ FenetreChoix::FenetreChoix(const QString& titre, const QString& entete, const st
     liste_->setRootIsDecorated(false);
     liste_->setUniformRowHeights(true);
     liste_->setHeaderHidden(true);
-    for (const std::string& rangee : rangees) {
-        const QStringList colonnes = EnLignes(rangee).replace('\n', ' ').split('\t');
-        liste_->setColumnCount(std::max(liste_->columnCount(), static_cast<int>(colonnes.size())));
-        new QTreeWidgetItem(liste_, colonnes);
-    }
-    for (int colonne = 0; colonne < liste_->columnCount(); ++colonne)
+    liste_->setModel(new ModeleRangees(rangees, liste_));
+    for (int colonne = 0; colonne < liste_->model()->columnCount(); ++colonne)
         liste_->resizeColumnToContents(colonne);
-    liste_->setCurrentItem(liste_->topLevelItem(0));
+    liste_->setCurrentIndex(liste_->model()->index(0, 0));
 
     auto* ok = new QPushButton("  &OK");
     ok->setObjectName("OK");
     ok->setDefault(true);
     connect(ok, &QPushButton::clicked, this, [this] { Valider(); });
-    connect(liste_, &QTreeWidget::itemDoubleClicked, this, [this] { Valider(); });
+    connect(liste_, &QTreeView::doubleClicked, this, [this] { Valider(); });
     auto* mise = new QVBoxLayout(this);
     mise->addLayout(tete_);
     mise->addWidget(liste_, 1);
@@ -56,7 +90,7 @@ void FenetreChoix::AjouterLigne(const QString& texte)
 
 int FenetreChoix::Choisi() const
 {
-    return result() == QDialog::Accepted ? liste_->indexOfTopLevelItem(liste_->currentItem()) + 1 : 0;
+    return result() == QDialog::Accepted ? liste_->currentIndex().row() + 1 : 0;
 }
 
 int FenetreChoix::GetSelection()

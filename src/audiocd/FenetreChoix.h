@@ -5,7 +5,7 @@
 
 #include <QDialog>
 
-class QTreeWidget;
+class QTreeView;
 class QVBoxLayout;
 
 // A list to choose one row from, over an OK button. The pieces of a row between tabs stand in columns.
@@ -29,5 +29,5 @@ protected:
 
 private:
     QVBoxLayout* tete_;
-    QTreeWidget* liste_;
+    QTreeView* liste_;
 };

@@ -52,6 +52,9 @@ OngletFreedb::OngletFreedb(const std::array<InterrupteurFreedb, 2>& interrupteur
     mise->addWidget(CreerProxy(interrupteurs[1]));
     mise->addStretch(1);
     setFocusProxy(boutonServeur_);
+    // Room for the names of servers and folders, which ask for none themselves.
+    for (QWidget* ligne : {serveur_, dossier_})
+        ligne->setMinimumWidth(fontMetrics().averageCharWidth() * 45);
     Montrer();
 }
 

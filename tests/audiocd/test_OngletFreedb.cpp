@@ -87,8 +87,8 @@ TEST_F(Onglet, ServeurChoisi)
             return;
         guetteur.stop();
         EXPECT_EQ(liste->windowTitle(), "Liste des serveurs");
-        QTest::keyClick(Enfant<QTreeWidget>(*liste, "Liste"), Qt::Key_Down);
-        QTest::keyClick(Enfant<QTreeWidget>(*liste, "Liste"), Qt::Key_Return);
+        QTest::keyClick(Enfant<QTreeView>(*liste, "Liste"), Qt::Key_Down);
+        QTest::keyClick(Enfant<QTreeView>(*liste, "Liste"), Qt::Key_Return);
     });
     guetteur.start(20);
     Cliquer("FreeServeur");
@@ -130,8 +130,8 @@ TEST_F(Onglet, ListeDemandeeParUnFil)
         {"OK", [](FenetreChoix& f) { QTest::mouseClick(Enfant<QPushButton>(f, "OK"), Qt::LeftButton); }, 1},
         {"double clic",
          [](FenetreChoix& f) {
-             auto* rangees = Enfant<QTreeWidget>(f, "Liste");
-             const QPoint place = rangees->visualItemRect(rangees->topLevelItem(1)).center();
+             auto* rangees = Enfant<QTreeView>(f, "Liste");
+             const QPoint place = rangees->visualRect(rangees->model()->index(1, 0)).center();
              QTest::mouseClick(rangees->viewport(), Qt::LeftButton, {}, place);
              QTest::mouseDClick(rangees->viewport(), Qt::LeftButton, {}, place);
          },
