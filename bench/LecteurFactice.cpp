@@ -44,14 +44,11 @@ public:
     {
         if (!Recevoir(fmt::format("CDROMREADTOCENTRY {}", piste)) || !appareil_.systeme)
             return false;
-        const ReponseToc& toc = appareil_.disque.toc;
-        for (int rang = 0; rang < 100; ++rang) {
-            const uint8_t* descripteur = &toc[DisqueFactice::Descripteur(rang)];
-            if (descripteur[2] != piste)
-                continue;
-            debut = {descripteur[5], descripteur[6], descripteur[7]};
-            return true;
-        }
+        for (int rang = 0; rang <= Pistes(); ++rang)
+            if (Numero(rang) == piste) {
+                debut = Place(rang);
+                return true;
+            }
         return false;
     }
 
@@ -73,19 +70,9 @@ public:
         if (!Recevoir("CDROMPLAYMSF " + EnTexte(debut) + ' ' + EnTexte(fin)))
             return false;
         appareil_.place = {EtatLecture::EnCours, 0, debut, {}};
-        int premiere = 0;
-        int derniere = 0;
-        Msf place;
-        const ReponseToc& toc = appareil_.disque.toc;
-        premiere = toc[2];
-        derniere = toc[3];
-        for (int rang = 0; rang <= derniere - premiere; ++rang) {
-            const uint8_t* descripteur = &toc[DisqueFactice::Descripteur(rang)];
-            place = {descripteur[5], descripteur[6], descripteur[7]};
-            if (Trames(place) > Trames(debut))
-                break;
-            appareil_.place.piste = descripteur[2];
-            appareil_.place.dansPiste = EnMsf(Trames(debut) - Trames(place));
+        for (int rang = 0; rang < Pistes() && Trames(Place(rang)) <= Trames(debut); ++rang) {
+            appareil_.place.piste = Numero(rang);
+            appareil_.place.dansPiste = EnMsf(Trames(debut) - Trames(Place(rang)));
         }
         return true;
     }
@@ -109,6 +96,12 @@ public:
     }
 
 private:
+    // Descriptors of the disc: its tracks, then the lead-out.
+    const uint8_t* Descripteur(int rang) const { return &appareil_.disque.toc[DisqueFactice::Descripteur(rang)]; }
+    int Numero(int rang) const { return Descripteur(rang)[2]; }
+    Msf Place(int rang) const { return {Descripteur(rang)[5], Descripteur(rang)[6], Descripteur(rang)[7]}; }
+    int Pistes() const { return std::clamp(appareil_.disque.toc[3] - appareil_.disque.toc[2] + 1, 0, 99); }
+
     bool Pret() const { return appareil_.present && !appareil_.tiroirOuvert; }
 
     bool Recevoir(const std::string& ligne)

@@ -26,8 +26,8 @@ struct DisqueFactice {
 // A pack of CD-Text and the answer that is made of packs.
 struct PaquetFactice {
     uint8_t type = 0x80, piste = 0;
-    std::string texte;   // up to twelve bytes, filled up with NULs
-    int sequence = -1;   // its place when it is negative
+    std::string texte;  // up to twelve bytes, filled up with NULs
+    int sequence = -1;  // its place when it is negative
 };
 ReponseCdText ReponsePaquets(const std::vector<PaquetFactice>& paquets);
 
@@ -37,11 +37,11 @@ struct AppareilFactice {
     char lettre = ToutesLettres;
     int adaptateur = 0, cible = 0, unite = 0, type = MachineCD::TypeCdRom;
     DisqueFactice disque;
-    bool present = true;           // a disc lies in it
+    bool present = true;  // a disc lies in it
     bool tiroirOuvert = false;
-    bool commandes = true;         // takes SCSI commands
-    bool systeme = true;           // answers what the system asks
-    PlaceLecture place;            // stands still while it plays
+    bool commandes = true;             // takes SCSI commands
+    bool systeme = true;               // answers what the system asks
+    PlaceLecture place;                // stands still while it plays
     std::vector<std::string> journal;  // what has reached it
 };
 

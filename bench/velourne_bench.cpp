@@ -17,26 +17,26 @@
 
 #include <fmt/format.h>
 
+#include "archives/ListerArchive.h"
 #include "audio.h"
+#include "browser/ChargerArbre.h"
+#include "browser/LectureListeFichiers.h"
 #include "catalogue/ArbreCatalogue.h"
+#include "catalogue/Cles.h"
 #include "catalogue/ListeFichiers.h"
+#include "commun/Formes.h"
+#include "commun/Texte.h"
 #include "extraction/AjouterFichierZip.h"
 #include "extraction/Extraction.h"
 #include "extraction/VerifierCatalogue.h"
 #include "extractors/Aiguillage.h"
 #include "platform/Chemins.h"
-#include "platform/OperationsFichiers.h"
 #include "platform/Lecteurs.h"
-#include "commun/Texte.h"
+#include "platform/OperationsFichiers.h"
 #include "search/RechercheLabel.h"
-#include "commun/Formes.h"
 #include "store/Base.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
-#include "catalogue/Cles.h"
-#include "browser/ChargerArbre.h"
-#include "browser/LectureListeFichiers.h"
-#include "archives/ListerArchive.h"
 
 namespace fs = std::filesystem;
 
@@ -333,14 +333,22 @@ struct Commande {
 };
 
 constexpr Commande Commandes[] = {
-    {"generer", 4, 4, Generer},          {"regler", 4, 4, Regler},
-    {"extraire", 3, 5, Extraire},        {"arbre", 2, 2, Arbre},
-    {"dossier", 3, 3, Dossier},          {"decrire", 2, SIZE_MAX, Decrire},
-    {"chercher", 3, SIZE_MAX, Chercher}, {"membres", 2, 2, Membres},
-    {"disque", 2, 2, Disque},            {"toc", 2, 2, Toc},
-    {"cdtexte", 2, 2, CdTexte},          {"cddb", 4, 6, Cddb},
-    {"sites", 2, 2, Sites},              {"soumettre", 5, 5, Soumettre},
-    {"lecteur", 2, SIZE_MAX, Lecteur},   {"audio", 5, 11, AudioDansBase},
+    {"generer", 4, 4, Generer},
+    {"regler", 4, 4, Regler},
+    {"extraire", 3, 5, Extraire},
+    {"arbre", 2, 2, Arbre},
+    {"dossier", 3, 3, Dossier},
+    {"decrire", 2, SIZE_MAX, Decrire},
+    {"chercher", 3, SIZE_MAX, Chercher},
+    {"membres", 2, 2, Membres},
+    {"disque", 2, 2, Disque},
+    {"toc", 2, 2, Toc},
+    {"cdtexte", 2, 2, CdTexte},
+    {"cddb", 4, 6, Cddb},
+    {"sites", 2, 2, Sites},
+    {"soumettre", 5, 5, Soumettre},
+    {"lecteur", 2, SIZE_MAX, Lecteur},
+    {"audio", 5, 11, AudioDansBase},
 };
 
 }  // namespace
