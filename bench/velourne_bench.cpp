@@ -18,7 +18,9 @@
 
 #include <fmt/format.h>
 
+#include "OuiATout.h"
 #include "archives/ListerArchive.h"
+#include "audio.h"
 #include "browser/ChargerArbre.h"
 #include "browser/LectureListeFichiers.h"
 #include "catalogue/ArbreCatalogue.h"
@@ -39,7 +41,6 @@
 #include "store/Reglages.h"
 
 namespace fs = std::filesystem;
-using Arguments = std::vector<std::string>;
 
 namespace {
 
@@ -54,7 +55,9 @@ constexpr const char* Aide =
     "  membres ARCHIVE                          membres d'une archive : indice, indice du parent, texte du noeud\n"
     "  chercher BASE MOT [--onglet 0|1|2] [--media N] [--descriptions] [--noms] [--extension E] [--dates D1 D2]\n"
     "           [--liste]                       cherche comme la fenêtre ; dates en AAAAMMJJ ; --liste : les "
-    "résultats\n"
+    "résultats\n";
+
+constexpr const char* AideDossiers =
     "Les réglages et les lettres sont dans XDG_CONFIG_HOME, les fichiers de travail dans XDG_DATA_HOME.\n";
 
 class Chronometre {
@@ -63,15 +66,6 @@ public:
 
 private:
     std::chrono::steady_clock::time_point debut_ = std::chrono::steady_clock::now();
-};
-
-// Answers yes to every question; a refusal of the program is the bench's failure.
-class OuiATout : public Dialogues {
-public:
-    void Informer(const std::string& texte) override { throw std::runtime_error(texte); }
-    bool Demander(const std::string&, const std::string&) override { return true; }
-    std::string ChoisirFichier(const DemandeFichier&) override { return {}; }
-    std::string ChoisirDossier(const std::string&) override { return {}; }
 };
 
 void ImprimerMemoire()
@@ -161,7 +155,8 @@ void Extraire(const Arguments& arguments)
         throw std::runtime_error("le média n'a pas pu être inscrit dans la base");
     const double identite = total.Secondes();
 
-    Extraction extraction(reponse.base, reponse.numero, lettre, demande.infos.octetsOccupes, lecteur.DriveSpaceTotal() == 0);
+    Extraction extraction(reponse.base, reponse.numero, lettre, demande.infos.octetsOccupes,
+                          lecteur.DriveSpaceTotal() == 0);
     if (extraction.Executer() != FinExtraction::Complete)
         throw std::runtime_error("la base n'a pas pu être écrite");
     const double secondes = total.Secondes();
@@ -317,6 +312,12 @@ void Chercher(const Arguments& arguments)
     ImprimerMemoire();
 }
 
+void AudioDansBase(const Arguments& arguments)
+{
+    OuvrirBase(arguments[1], true);
+    Audio(arguments);
+}
+
 void Membres(const Arguments& arguments)
 {
     const ArbreArchive tv = ListerArchive(Fichier(arguments[1]), ExtensionFichier(arguments[1]));
@@ -331,10 +332,22 @@ struct Commande {
 };
 
 constexpr Commande Commandes[] = {
-    {"generer", 4, 4, Generer},          {"regler", 4, 4, Regler},
-    {"extraire", 3, 5, Extraire},        {"arbre", 2, 2, Arbre},
-    {"dossier", 3, 3, Dossier},          {"decrire", 2, SIZE_MAX, Decrire},
-    {"chercher", 3, SIZE_MAX, Chercher}, {"membres", 2, 2, Membres},
+    {"generer", 4, 4, Generer},
+    {"regler", 4, 4, Regler},
+    {"extraire", 3, 5, Extraire},
+    {"arbre", 2, 2, Arbre},
+    {"dossier", 3, 3, Dossier},
+    {"decrire", 2, SIZE_MAX, Decrire},
+    {"chercher", 3, SIZE_MAX, Chercher},
+    {"membres", 2, 2, Membres},
+    {"disque", 2, 2, Disque},
+    {"toc", 2, 2, Toc},
+    {"cdtexte", 2, 2, CdTexte},
+    {"cddb", 4, 6, Cddb},
+    {"sites", 2, 2, Sites},
+    {"soumettre", 5, 5, Soumettre},
+    {"lecteur", 2, SIZE_MAX, Lecteur},
+    {"audio", 5, 11, AudioDansBase},
 };
 
 }  // namespace
@@ -344,7 +357,7 @@ int main(int argc, char** argv)
     setenv("TZ", ":/etc/localtime", 0);  // as the program does
     const Arguments arguments(argv + 1, argv + argc);
     if (!arguments.empty() && (arguments[0] == "--help" || arguments[0] == "-h")) {
-        fmt::print("{}", Aide);
+        fmt::print("{}{}{}", Aide, AideAudio, AideDossiers);
         return 0;
     }
     const char* donnees = std::getenv("XDG_DATA_HOME");
@@ -365,6 +378,6 @@ int main(int argc, char** argv)
             return 1;
         }
     }
-    fmt::print(stderr, "{}", Aide);
+    fmt::print(stderr, "{}{}{}", Aide, AideAudio, AideDossiers);
     return 2;
 }

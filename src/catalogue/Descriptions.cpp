@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "catalogue/Lignes.h"
+#include "commun/Formes.h"
 
 namespace {
 
@@ -54,4 +55,18 @@ Description LireDescriptionResultat(Base& base, const CleResultat& cle, std::str
     if (cle.ligne.empty() || cle.catalogue.empty())
         return {};
     return Lire(LigneNumero(base, cle.ligne, cle.catalogue, nom));
+}
+
+bool ModifierDescriptionFichier(Base& base, int64_t media, std::string_view texte)
+{
+    Recordset sommet =
+        base.OpenRecordset("select * from Liste where NCatalogue = " + Str(media) + " and Répertoire = '000000000' ");
+    if (sommet.Eof())
+        return false;
+    sommet.Edit();
+    sommet.Poser("Description", texte);
+    if (!sommet.Update())
+        return false;
+    sommet.Bookmark(sommet.LastModified());
+    return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -29,3 +30,6 @@ Description LireDescriptionItem(Base& base, TypeItem type, const CleItem& cle, s
 
 // Of a result of the search, by its number and the name shown.
 Description LireDescriptionResultat(Base& base, const CleResultat& cle, std::string_view nom);
+
+// Writes the description of a media, which is its top directory's; false when it could not be written.
+bool ModifierDescriptionFichier(Base& base, int64_t media, std::string_view texte);

@@ -57,6 +57,8 @@ bool AjouterFichier(Course& course, const LigneFichier& ligne, Recordset& enregi
     enregistrements.Poser("DateF", ligne.date);
     enregistrements.Poser("Heure", ligne.heure);
     enregistrements.Poser("attribut", ligne.attribut.substr(0, 10));
+    if (!ligne.alias.empty())
+        enregistrements.Poser("Alias", ligne.alias);
 
     std::string tiree;
     if (const SorteArchive* sorte = chemin.empty() ? nullptr : ChoisirSorte(ligne.extension))

@@ -27,6 +27,7 @@ struct LigneFichier {
     std::string_view chemin;     // "D:\dossier\fichier\"
     std::string_view extension;  // lower case
     std::string_view description;
+    std::string_view alias;  // a name shown instead; Null when empty
     // The walk, standing in the file's directory, and the entry there: read when a description is drawn from it.
     const Parcours* parcours = nullptr;
     const EntreeDossier* entree = nullptr;

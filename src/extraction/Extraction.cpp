@@ -7,15 +7,13 @@
 #include <vector>
 
 #include "catalogue/Cles.h"
+#include "catalogue/Medias.h"
+#include "catalogue/TexteArbre.h"
 #include "commun/Formes.h"
 #include "commun/Texte.h"
 #include "platform/FormesLocales.h"
 #include "platform/Locale.h"
 #include "store/Base.h"
-#include "catalogue/ArretCourse.h"
-#include "catalogue/Cles.h"
-#include "catalogue/Medias.h"
-#include "catalogue/TexteArbre.h"
 #include "store/CycleBase.h"
 #include "store/IndexNoms.h"
 #include "store/Reglages.h"
@@ -92,18 +90,8 @@ bool EstSansLigne(std::string_view nom)
 }  // namespace
 
 Extraction::Extraction(std::string base, int64_t media, char lettre, double octetsTotal, bool lecteurVide)
-    : base_(std::move(base)),
-      arret_(CommencerCourse()),
-      media_(media),
-      lettre_(lettre),
-      octetsTotal_(octetsTotal),
-      lecteurVide_(lecteurVide)
+    : CourseMedia(std::move(base), media), lettre_(lettre), octetsTotal_(octetsTotal), lecteurVide_(lecteurVide)
 {
-}
-
-void Extraction::Abandonner()
-{
-    ArreterCourse();
 }
 
 Avancement Extraction::Lire() const

@@ -17,6 +17,7 @@
 #include "catalogue/Medias.h"
 #include "commun/Formes.h"
 #include "extraction/Animation.h"
+#include "extraction/Extraction.h"
 #include "extraction/FrmResultat.h"
 #include "extraction/RangeeOnglets.h"
 #include "fenetres/Etiquette.h"
@@ -35,10 +36,11 @@ constexpr int LargeurInitiale = 700;  // pixels
 
 }  // namespace
 
-FrmSemiAuto::FrmSemiAuto(Dialogues& dialogues, Travail& travail, QWidget* parent)
+FrmSemiAuto::FrmSemiAuto(Dialogues& dialogues, Travail& travail, FabriqueCourseCD courseCD, QWidget* parent)
     : QWidget(parent, Qt::Window),
       dialogues_(dialogues),
       travail_(travail),
+      courseCD_(std::move(courseCD)),
       lecteurs_(ReveilFenetre(this, [this] { lecteurs_.Livrer(); })),
       panneaux_(*this)
 {
@@ -62,10 +64,10 @@ FrmSemiAuto::FrmSemiAuto(Dialogues& dialogues, Travail& travail, QWidget* parent
 
 FrmSemiAuto::~FrmSemiAuto()
 {
-    if (!extraction_)
+    if (!course_)
         return;
     questionPosee_ = true;  // nobody is told of the end any more
-    extraction_->Abandonner();
+    course_->Abandonner();
     travail_.Attendre();
 }
 
@@ -245,8 +247,11 @@ void FrmSemiAuto::Lancer()
 void FrmSemiAuto::DemarrerCourse(const ReponseMedia& media)
 {
     const InfosLecteur& infos = regarde_.infos;
-    extraction_ = std::make_unique<Extraction>(media.base, media.numero, etat_.Lettre(), infos.octetsOccupes,
-                                               infos.total == " 0 Bytes");
+    const bool vide = infos.total == " 0 Bytes";
+    if (vide && courseCD_ && regarde_.lecteur.DriveType() == LecteurOptique)
+        course_ = courseCD_(media.base, media.numero, etat_.Lettre(), this);
+    else
+        course_ = std::make_unique<Extraction>(media.base, media.numero, etat_.Lettre(), infos.octetsOccupes, vide);
     finie_ = false;
     phase_ = Phase::Course;
     LibelleOK(true);
@@ -256,7 +261,7 @@ void FrmSemiAuto::DemarrerCourse(const ReponseMedia& media)
     setCursor(Qt::BusyCursor);
     Suivre();
     travail_.Demander(
-        Place::Course, [this](const std::stop_token&) { fin_ = extraction_->Executer(); },
+        Place::Course, [this](const std::stop_token&) { fin_ = course_->Executer(); },
         [this] {
             finie_ = true;
             if (!questionPosee_)
@@ -273,7 +278,7 @@ void FrmSemiAuto::Abandonner()
     questionPosee_ = false;
     if (oui) {
         phase_ = Phase::Finissant;
-        extraction_->Abandonner();
+        course_->Abandonner();
         LibelleOK(false);
         panneaux_.ok->setEnabled(false);
         panneaux_.liste->clear();
@@ -289,7 +294,7 @@ void FrmSemiAuto::Suivre()
 {
     if (phase_ != Phase::Course)
         return;
-    const Avancement avancement = extraction_->Lire();
+    const Avancement avancement = course_->Lire();
     const CompteursExtraction& compteurs = avancement.compteurs;
     panneaux_.repertoires->setText(QString::fromStdString(Str(compteurs.repertoires) + " Répertoire(s) ..."));
     panneaux_.fichiers->setText(QString::fromStdString(Str(compteurs.fichiers) + " Fichier(s) ..."));
@@ -308,12 +313,12 @@ void FrmSemiAuto::Terminer()
     const bool abandonnee = phase_ == Phase::Finissant || fin_ == FinExtraction::Abandonnee;
     // The answer came when the last row was already written: the media goes all the same.
     if (abandonnee && fin_ == FinExtraction::Complete)
-        SupprimerMedia(Str(extraction_->Media()), extraction_->CheminBase());
+        SupprimerMedia(Str(course_->Media()), course_->CheminBase());
     unsetCursor();
     if (!abandonnee && fin_ == FinExtraction::Complete)
         Conclure();
 
-    extraction_.reset();
+    course_.reset();
     ExitRecherche();
     if (!abandonnee && fin_ == FinExtraction::Echec)
         Dire("La base n'a pas pu être écrite : le média n'a pas été ajouté au catalogue.");
@@ -330,7 +335,7 @@ void FrmSemiAuto::Conclure()
     FixerArbreARecharger(true);
     panneaux_.animation->Arreter();
     panneaux_.ok->setEnabled(false);
-    FrmResultat(extraction_->Lire().compteurs, this).exec();
+    FrmResultat(course_->Lire().compteurs, this).exec();
     panneaux_.identifiant->clear();
 }
 

@@ -8,8 +8,8 @@
 #include "commun/Consultation.h"
 #include "commun/Dialogues.h"
 #include "commun/Travail.h"
+#include "extraction/CourseMedia.h"
 #include "extraction/EtatAssistant.h"
-#include "extraction/Extraction.h"
 #include "extraction/PanneauxAssistant.h"
 #include "extraction/VerifierCatalogue.h"
 
@@ -19,7 +19,8 @@ class FrmSemiAuto : public QWidget {
     Q_OBJECT
 
 public:
-    FrmSemiAuto(Dialogues& dialogues, Travail& travail, QWidget* parent = nullptr);
+    // `courseCD` may be empty: of an audio disc the root alone is then written.
+    FrmSemiAuto(Dialogues& dialogues, Travail& travail, FabriqueCourseCD courseCD, QWidget* parent = nullptr);
     ~FrmSemiAuto() override;
 
     bool EnCours() const { return phase_ != Phase::Repos; }
@@ -63,6 +64,7 @@ private:
 
     Dialogues& dialogues_;
     Travail& travail_;
+    const FabriqueCourseCD courseCD_;
     Consultation lecteurs_;
     EtatAssistant etat_;
     LecteurRegarde regarde_;  // the chosen drive
@@ -72,7 +74,7 @@ private:
     QString avis_;  // what became of the bases, shown until the next press
     bool questionPosee_ = false;
     bool fermerEnsuite_ = false;
-    std::unique_ptr<Extraction> extraction_;
+    std::unique_ptr<CourseMedia> course_;
     bool finie_ = false;
     FinExtraction fin_ = FinExtraction::Complete;  // the worker's until finie_ is set
     QTimer suivi_;

@@ -394,7 +394,7 @@ bool EspaceDuLecteur(char lettre, EspaceLecteur& espace)
     if (racine.empty() || statvfs(racine.c_str(), &etat) != 0)
         return false;
     const uint64_t bloc = etat.f_frsize != 0 ? etat.f_frsize : etat.f_bsize;
-    espace = {etat.f_blocks * bloc, etat.f_bfree * bloc, etat.f_bavail * bloc};
+    espace = {std::max<uint64_t>(etat.f_blocks * bloc, 1), etat.f_bfree * bloc, etat.f_bavail * bloc};
     return true;
 }
 
@@ -429,6 +429,12 @@ bool NommerVolume(char lettre, const std::string& nom)
 std::string RacineDuLecteur(char lettre)
 {
     return RacineDe(LireLettre(lettre));
+}
+
+std::string PeripheriqueOptique(char lettre)
+{
+    const Lettre lue = LireLettre(lettre);
+    return major(NumeroDeBloc(lue.cible)) == majeurOptique ? lue.cible : std::string();
 }
 
 bool DonnerLettre(char lettre, const std::string& dossier)

@@ -49,7 +49,9 @@ std::vector<LettreDonnee> LettresDonnees();
 // Kind of the drive, one of TypeLecteur; LecteurInexistant for a letter without a drive.
 uint32_t TypeDuLecteur(char lettre);
 
-// False, and nothing filled, when the letter leads to no mounted volume or folder.
+// False, and nothing filled, when the letter leads to no mounted volume or folder. A volume that is there has at least
+// one byte, even where the system does not know its size: no capacity at all is what an optical drive without a mounted
+// volume has.
 bool EspaceDuLecteur(char lettre, EspaceLecteur& espace);
 bool VolumeDuLecteur(char lettre, VolumeLecteur& volume);
 
@@ -61,6 +63,9 @@ bool NommerVolume(char lettre, const std::string& nom);
 
 // Real folder at the top of the drive, without a trailing "/" unless it is "/"; empty when there is none.
 std::string RacineDuLecteur(char lettre);
+
+// Real path of the optical drive that the letter is; empty for a letter of any other kind.
+std::string PeripheriqueOptique(char lettre);
 
 // Points a letter at a folder, replacing what it led to. False when the link can't be written.
 bool DonnerLettre(char lettre, const std::string& dossier);

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 
+#include "audiocd/ChoixFenetres.h"
+#include "audiocd/CourseCDAudio.h"
 #include "browser/frmView.h"
 #include "catalogue/Cles.h"
 #include "extraction/FrmSemiAuto.h"
@@ -67,7 +69,12 @@ void Fenetres::OuvrirAssistant(QWidget* depuis)
 {
     courante_ = "FrmSemiAuto";
     depuisVue_ = depuis == vue_.get();
-    assistant_ = std::make_unique<FrmSemiAuto>(dialogues_, travail_);
+    assistant_ = std::make_unique<FrmSemiAuto>(
+        dialogues_, travail_, [](std::string base, int64_t media, char lettre, QWidget* fenetre) {
+            const QPoint coin = fenetre->mapToGlobal(QPoint());
+            return std::make_unique<CourseCDAudio>(std::move(base), media, lettre, coin.y(), coin.x(), MachineReelle(),
+                                                   std::make_unique<ChoixFenetres>(fenetre));
+        });
     connect(assistant_.get(), &FrmSemiAuto::catalogueVoulu, this, [this] {
         precedente_ = "FrmSemi";
         OuvrirVue(assistant_.get());

@@ -7,6 +7,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include "audiocd/OngletFreedb.h"
 #include "fenetres/FenetreLecteurs.h"
 #include "fenetres/TextesQt.h"
 #include "shell/Options.h"
@@ -49,7 +50,7 @@ FrmOptions::FrmOptions(Dialogues& dialogues, QWidget* parent) : QDialog(parent),
     onglets_->setObjectName("Onglets");
     // Their places are kept by number: a new tab goes behind the others.
     onglets_->addTab(CreerDescriptions(), "&Descriptions");
-    onglets_->addTab(CreerFreedb(), "&Freedb");
+    onglets_->addTab(CreerFreedb(dialogues), "&Freedb");
     onglets_->addTab(CreerDivers(), "Di&vers");
     onglets_->addTab(new FenetreLecteurs(dialogues), "&Lecteurs");
     onglets_->setCurrentIndex(LireOnglet(onglets_->count()));
@@ -96,19 +97,14 @@ QWidget* FrmOptions::CreerDescriptions()
     return page;
 }
 
-QWidget* FrmOptions::CreerFreedb()
+// Each of its switches carries one of the tab behind it along.
+QWidget* FrmOptions::CreerFreedb(Dialogues& dialogues)
 {
-    auto* page = new QWidget;
-    auto* mise = new QVBoxLayout(page);
-    for (size_t rang = 0; rang < OptionsFreedb.size(); ++rang) {
-        QCheckBox* boite = CreerCase(OptionsFreedb[rang], "Freedb", rang, *mise);
-        boite->setChecked(OptionsFreedb[rang].Lire());
-        connect(boite, &QCheckBox::clicked, this, [rang](bool active) { EcrireOptionFreedb(rang, active); });
-        if (rang == 0)
-            page->setFocusProxy(boite);
-    }
-    mise->addStretch(1);
-    return page;
+    std::array<InterrupteurFreedb, OptionsFreedb.size()> interrupteurs;
+    for (size_t rang = 0; rang < interrupteurs.size(); ++rang)
+        interrupteurs[rang] = {std::string(OptionsFreedb[rang].texte), [rang] { return OptionsFreedb[rang].Lire(); },
+                               [rang](bool active) { EcrireOptionFreedb(rang, active); }};
+    return new OngletFreedb(interrupteurs, MachineReelle(), dialogues);
 }
 
 QWidget* FrmOptions::CreerDivers()

@@ -15,7 +15,7 @@ public:
 
 private:
     QWidget* CreerDescriptions();
-    QWidget* CreerFreedb();
+    static QWidget* CreerFreedb(Dialogues& dialogues);
     QWidget* CreerDivers();
     void MontrerDivers();
 

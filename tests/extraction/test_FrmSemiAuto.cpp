@@ -48,7 +48,7 @@ protected:
 
     void Ouvrir()
     {
-        fenetre_ = std::make_unique<FrmSemiAuto>(questions_, travailleur_);
+        fenetre_ = std::make_unique<FrmSemiAuto>(questions_, travailleur_, FabriqueCourseCD());
         QObject::connect(fenetre_.get(), &FrmSemiAuto::fermetureVoulue, fenetre_.get(), [this] { ++fermetures_; });
         fenetre_->show();
         menu_ = Enfant<RangeeOnglets>(*fenetre_, "Menu");

@@ -3,6 +3,7 @@
 
 #include "outils/Environnement.h"
 #include "platform/Chemins.h"
+#include "platform/LecteurCD.h"
 #include "platform/Lecteurs.h"
 #include "platform/Montages.h"
 
@@ -114,6 +115,28 @@ TEST_F(Lettres, DossierCommeLecteur)
     EXPECT_FALSE(Contient(LettresMachine(), lettre));
     EXPECT_FALSE(EspaceDuLecteur(lettre, espace));
     EXPECT_FALSE(DonnerLettre('?', "/"));
+}
+
+TEST_F(Lettres, CapaciteNulleDesSeulsLecteursSansVolume)
+{
+    EspaceLecteur espace;
+    ASSERT_TRUE(DonnerLettre('p', "/proc"));  // its system tells no size
+    ASSERT_TRUE(EspaceDuLecteur('p', espace));
+    EXPECT_EQ(espace.total, 1U);
+    EXPECT_FALSE(EspaceDuLecteur('q', espace));
+}
+
+TEST_F(Lettres, AucunLecteurOptique)
+{
+    ASSERT_TRUE(DonnerLettre('p', "/proc"));
+    ASSERT_TRUE(DonnerLettre('n', "/dev/null"));
+    for (const char lettre : {'n', 'p', 'q', '?'}) {
+        EXPECT_EQ(PeripheriqueOptique(lettre), "") << lettre;
+        EXPECT_EQ(MachineReelle().Ouvrir(std::string(1, lettre) + ':'), nullptr) << lettre;
+    }
+    EXPECT_EQ(MachineReelle().Ouvrir(""), nullptr);
+    EXPECT_EQ(MachineReelle().TypeAppareil(MachineReelle().Adaptateurs(), 0, 0), -1);
+    EXPECT_EQ(MachineReelle().OuvrirAppareil(-1, 0, 0), nullptr);
 }
 
 TEST_F(Lettres, RetireCeQuiNeReviendraitPas)

@@ -1,0 +1,6 @@
+#include "audiocd/ConfigurationCddb.h"
+
+std::string_view VersionApplication()
+{
+    return VELOURNE_VERSION;
+}
