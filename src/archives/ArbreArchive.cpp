@@ -3,44 +3,30 @@
 #include <functional>
 #include <utility>
 
-ArbreArchive::ArbreArchive() : cases_(16)
+ArbreArchive::ArbreArchive()
 {
     noeuds_.push_back({0, "Root"});
 }
 
-// Where the folder stands or, when it is new, belongs.
-size_t ArbreArchive::Case(int32_t parent, std::string_view nom) const
+size_t ArbreArchive::Empreinte(int32_t parent, std::string_view nom)
 {
-    const size_t masque = cases_.size() - 1;
     constexpr size_t impair = 0x9E3779B97F4A7C15;
-    size_t place = (std::hash<std::string_view>()(nom) + static_cast<size_t>(parent) * impair) & masque;
-    while (cases_[place] != 0) {
-        const Noeud& noeud = (*this)[cases_[place]];
-        if (noeud.parent == parent && noeud.texte == nom)
-            break;
-        place = (place + 1) & masque;
-    }
-    return place;
-}
-
-void ArbreArchive::Agrandir()
-{
-    std::vector<int32_t> anciennes(cases_.size() * 2);
-    anciennes.swap(cases_);
-    for (const int32_t indice : anciennes)
-        if (indice != 0)
-            cases_[Case((*this)[indice].parent, (*this)[indice].texte)] = indice;
+    return std::hash<std::string_view>()(nom) + static_cast<size_t>(parent) * impair;
 }
 
 int32_t ArbreArchive::Dossier(int32_t parent, std::string_view nom)
 {
-    const size_t place = Case(parent, nom);
-    if (cases_[place] != 0)
-        return cases_[place];
+    const size_t empreinte = Empreinte(parent, nom);
+    const auto egal = [&](int32_t indice) {
+        const Noeud& noeud = (*this)[indice];
+        return noeud.parent == parent && noeud.texte == nom;
+    };
+    if (const int32_t connu = dossiers_.Chercher(empreinte, egal); connu != TableNumeros::Aucun)
+        return connu;
     noeuds_.push_back({parent, std::string(nom)});
-    cases_[place] = Nombre();
-    if (++dossiers_ > cases_.size() / 2)
-        Agrandir();
+    dossiers_.Ajouter(empreinte, Nombre(), egal, [this](int32_t indice) {
+        return Empreinte((*this)[indice].parent, (*this)[indice].texte);
+    });
     return Nombre();
 }
 

@@ -5,7 +5,8 @@
 #include <deque>
 #include <string>
 #include <string_view>
-#include <vector>
+
+#include "commun/TableNumeros.h"
 
 // The members of one archive as its reader leaves them, for the rows of the catalogue to be made of: nodes numbered
 // from 1, the first of which is the archive itself, "Root". A node's text without ":" is a folder; any other is a
@@ -33,12 +34,10 @@ public:
     void Membre(int32_t parent, std::string texte);
 
 private:
-    size_t Case(int32_t parent, std::string_view nom) const;
-    void Agrandir();
+    static size_t Empreinte(int32_t parent, std::string_view nom);
 
     std::deque<Noeud> noeuds_;
     std::string derniers_;        // the folders that the last path led through, with their separator
     int32_t dernier_ = Racine;    // where they ended: most paths lead where the one before did
-    std::vector<int32_t> cases_;  // the folders by parent and name: open addressing, a power of two, 0 where free
-    size_t dossiers_ = 0;
+    TableNumeros dossiers_;     // by parent and name
 };

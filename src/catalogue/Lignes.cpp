@@ -19,6 +19,11 @@ std::string Texte(std::string_view morceau)
 
 }  // namespace
 
+int64_t NombreDeLignes(Base& base)
+{
+    return base.OpenRecordset("select count(*) as n from Liste").Entier("n");
+}
+
 Recordset LignesContenu(Base& base, const CleNoeud& noeud)
 {
     return base.OpenRecordset("Select * from Liste where Répertoire= '" + noeud.contenu +

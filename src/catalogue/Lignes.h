@@ -11,6 +11,9 @@
 // The statements on table `Liste`. Each gives a record set, empty when there is no such row or the engine takes
 // exception to a "'" in a name. Numbers of media are decimal texts, as keys give them.
 
+// How many rows the base holds.
+int64_t NombreDeLignes(Base& base);
+
 // What a directory or an archive holds, by name.
 Recordset LignesContenu(Base& base, const CleNoeud& noeud);
 // The directories of a media by their codes: what its tree can be made of when it has no text of it.

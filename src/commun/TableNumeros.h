@@ -70,7 +70,7 @@ private:
     void Agrandir(const EmpreinteDe& empreinteDe)
     {
         const std::vector<int32_t> anciennes = std::move(cases_);
-        cases_.assign(anciennes.empty() ? 1024 : anciennes.size() * 2, Aucun);
+        cases_.assign(anciennes.empty() ? 16 : anciennes.size() * 2, Aucun);
         for (const int32_t numero : anciennes)
             if (numero != Aucun)
                 cases_[Case(empreinteDe(numero), [](int32_t) { return false; })] = numero;

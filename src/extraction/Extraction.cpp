@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "catalogue/Cles.h"
+#include "catalogue/Lignes.h"
 #include "catalogue/Medias.h"
 #include "catalogue/TexteArbre.h"
 #include "commun/Formes.h"
@@ -76,7 +77,9 @@ bool EstExclu(std::string_view chemin)
 void PreparerRecherche(const std::string& base, int64_t lignesDuMedia)
 {
     constexpr int64_t bonnePart = 4;
-    const int64_t lignes = OpenDatabase(base).OpenRecordset("select count(*) as n from Liste").Entier("n");
+    Base ouverte = OpenDatabase(base);
+    const int64_t lignes = NombreDeLignes(ouverte);
+    ouverte.Close();
     if (lignesDuMedia >= lignes / bonnePart)
         PreparerIndexNoms(base);
 }
