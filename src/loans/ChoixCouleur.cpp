@@ -65,7 +65,7 @@ QColor CouleurDeTexte(uint32_t couleur, const QColor& fond)
 {
     if (couleur == 0)
         return {};
-    constexpr double Lisible = 3;
+    constexpr double Lisible = 3.5;
     QColor texte = CouleurDeLong(couleur);
     const int pas = fond.lightness() < 128 ? 8 : -8;
     while (Contraste(texte, fond) < Lisible && texte.lightness() + pas >= 0 && texte.lightness() + pas <= 255)

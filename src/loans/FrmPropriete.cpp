@@ -1,5 +1,8 @@
 #include "loans/FrmPropriete.h"
 
+#include <algorithm>
+#include <utility>
+
 #include <QBuffer>
 #include <QComboBox>
 #include <QImageReader>
@@ -9,9 +12,11 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QTabWidget>
-#include <utility>
+#include <QTimer>
 
 #include "catalogue/Categories.h"
 #include "catalogue/OuvrirBase.h"
@@ -73,8 +78,12 @@ FrmPropriete::FrmPropriete(Dialogues& dialogues, Travail& travail, SujetPropriet
     for (QListWidgetItem* ligne : panneaux_.treeStyle->findItems("*", Qt::MatchWildcard))
         MontrerCouleur(*ligne, CouleurCategorie(NomCategorie(*ligne)));
     Relier();
+    // As high as the media's tab with its list open, where the screen is.
     OuvrirTypes(false);
-    resize(QSize(560, 540).expandedTo(minimumSizeHint()));
+    const int cadre = panneaux_.ok->sizeHint().height() + panneaux_.onglet->tabBar()->sizeHint().height() + 60;
+    const int page = panneaux_.zoneMedia->widget()->sizeHint().height() + panneaux_.cadreTypes->sizeHint().height();
+    const int ecran = screen()->availableGeometry().height() - 40;
+    resize(QSize(560, std::min(page + cadre, ecran)).expandedTo(minimumSizeHint()));
     panneaux_.onglet->tabBar()->setFocus();
     Agir([this] { Lire(); });
 }
@@ -100,8 +109,7 @@ void FrmPropriete::Relier()
     });
     connect(panneaux_.couleur, &QPushButton::clicked, this, &FrmPropriete::ChangerCouleur);
     connect(panneaux_.treeStyle, &QListWidget::itemDoubleClicked, this, &FrmPropriete::BasculerTypes);
-    connect(panneaux_.treeStyle, &QListWidget::itemSelectionChanged, this,
-            [this] { panneaux_.couleur->setEnabled(!panneaux_.treeStyle->selectedItems().isEmpty()); });
+    connect(panneaux_.treeStyle, &QListWidget::itemSelectionChanged, this, &FrmPropriete::ActiverCouleur);
     for (QWidget* widget : {static_cast<QWidget*>(panneaux_.pret), static_cast<QWidget*>(panneaux_.pret->lineEdit()),
                             static_cast<QWidget*>(panneaux_.categorie), static_cast<QWidget*>(panneaux_.treeStyle)})
         widget->installEventFilter(this);
@@ -205,19 +213,30 @@ bool FrmPropriete::EnChoix() const
 
 void FrmPropriete::OuvrirTypes(bool ouvrir)
 {
+    QListWidget* liste = panneaux_.treeStyle;
+    liste->setFixedHeight(liste->sizeHintForRow(0) * liste->count() + 2 * liste->frameWidth());
     panneaux_.cadreTypes->setVisible(ouvrir);
     for (QWidget* widget : {static_cast<QWidget*>(panneaux_.pret), static_cast<QWidget*>(panneaux_.btnPret),
                             static_cast<QWidget*>(panneaux_.categorie),
                             static_cast<QWidget*>(panneaux_.onglet->tabBar()), static_cast<QWidget*>(panneaux_.ok)})
         widget->setEnabled(!ouvrir);
-    QListWidget* liste = panneaux_.treeStyle;
     liste->setCurrentItem(nullptr);
     const QString voulue = panneaux_.categorie->text().trimmed();
     for (int rang = 0; ouvrir && rang < liste->count(); ++rang)
         if (liste->item(rang)->text().trimmed() == voulue)
             liste->setCurrentRow(rang);
-    panneaux_.couleur->setEnabled(!liste->selectedItems().isEmpty());
+    ActiverCouleur();
+    if (ouvrir)
+        QTimer::singleShot(0, this, [this] { panneaux_.zoneMedia->ensureWidgetVisible(panneaux_.ajoutCat); });
     (ouvrir ? static_cast<QWidget*>(liste) : panneaux_.categorie)->setFocus();
+}
+
+// The button shows the colour that it would change.
+void FrmPropriete::ActiverCouleur()
+{
+    const QList<QListWidgetItem*> choisies = panneaux_.treeStyle->selectedItems();
+    panneaux_.couleur->setEnabled(!choisies.isEmpty());
+    panneaux_.couleur->setIcon(choisies.isEmpty() ? QIcon() : choisies.first()->icon());
 }
 
 void FrmPropriete::BasculerTypes()
@@ -258,6 +277,7 @@ void FrmPropriete::ChangerCouleur()
         const uint32_t avant = CouleurCategorie(nom);
         EcrireCouleurCategorie(nom, *couleur);
         MontrerCouleur(*ligne, *couleur);
+        ActiverCouleur();
         ColorerCategorie();
         Base base = OuvrirBase();
         emit couleursChangees(MediasDeCategorie(base, nom), avant, *couleur);

@@ -45,6 +45,7 @@ private:
     void MontrerCouleur(QListWidgetItem& ligne, uint32_t couleur);
     bool EnChoix() const;
     void OuvrirTypes(bool ouvrir);
+    void ActiverCouleur();
     void BasculerTypes();
     void ValiderCategorie(const std::string& categorie);
     void ChangerCouleur();

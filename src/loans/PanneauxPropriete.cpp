@@ -48,13 +48,15 @@ QPushButton* CreerBouton(const char* nom, const char* texte)
     return bouton;
 }
 
-// Where the page is higher than the window, it scrolls.
+// A page that is higher than the window scrolls; it is never wider.
 QScrollArea* Derouler(QWidget* page)
 {
     auto* zone = new QScrollArea;
     zone->setWidgetResizable(true);
     zone->setFrameShape(QFrame::NoFrame);
     zone->setFocusPolicy(Qt::NoFocus);
+    zone->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    zone->setMinimumWidth(page->minimumSizeHint().width() + zone->style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     zone->setWidget(page);
     page->setAutoFillBackground(false);
     zone->viewport()->setAutoFillBackground(false);
@@ -66,7 +68,8 @@ QScrollArea* Derouler(QWidget* page)
 PanneauxPropriete::PanneauxPropriete(QDialog& fenetre) : onglet(new QTabWidget), ok(CreerBouton("OK", "  &OK"))
 {
     onglet->setObjectName("Onglet");
-    onglet->addTab(Derouler(CreerMedia()), "&Média");
+    zoneMedia = Derouler(CreerMedia());
+    onglet->addTab(zoneMedia, "&Média");
     onglet->addTab(Derouler(CreerPage(repertoire, "Rep")), "&Répertoire");
     onglet->addTab(Derouler(CreerPage(fichier, "Fic")), "&Fichier");
     ok->setDefault(true);
@@ -109,7 +112,7 @@ QWidget* PanneauxPropriete::CreerPret()
     pret->setCompleter(nullptr);       // what is typed stays as it is typed
     pret->setMaxVisibleItems(20);
     pret->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    pret->setMinimumContentsLength(20);
+    pret->setMinimumContentsLength(12);
     btnPret = CreerBouton("Btn_pret", "Valider &le prêt");
     auto* libelle = new QLabel("&Prêté à");
     libelle->setBuddy(pret);
@@ -131,6 +134,7 @@ QWidget* PanneauxPropriete::CreerCategorie()
     ajoutCat = CreerBouton("AjoutCat", "      &Valider");
     deleteCat = CreerBouton("DeleteCat", "      &Supprimer");
     couleur = CreerBouton("Couleur", "      &Couleur");
+    ajoutCat->setIcon(ajoutCat->style()->standardIcon(QStyle::SP_DialogApplyButton));
     deleteCat->setIcon(deleteCat->style()->standardIcon(QStyle::SP_TrashIcon));
 
     treeStyle = new QListWidget;
@@ -139,8 +143,6 @@ QWidget* PanneauxPropriete::CreerCategorie()
     treeStyle->setUniformItemSizes(true);
     for (const std::string_view montre : CategoriesFixes)
         treeStyle->addItem(EnQString(montre));
-    treeStyle->setFixedHeight((treeStyle->sizeHintForRow(0) + 1) * treeStyle->count() + 2 * treeStyle->frameWidth() +
-                              4);
     cadreTypes = new QWidget;
     auto* types = new QVBoxLayout(cadreTypes);
     types->setContentsMargins(0, 0, 0, 0);

@@ -11,6 +11,7 @@ class QLineEdit;
 class QListWidget;
 class QPlainTextEdit;
 class QPushButton;
+class QScrollArea;
 class QTabWidget;
 class QWidget;
 
@@ -27,6 +28,7 @@ struct PanneauxPropriete {
     };
 
     QTabWidget* onglet;
+    QScrollArea* zoneMedia;  // the media's page scrolls in it
     QLabel* image;
     std::array<QLineEdit*, NombreTextesMedia> medias;
     QLineEdit* categorie;
