@@ -26,6 +26,9 @@ constexpr TexteCommande Textes[NombreCommandes] = {
     {"&Lancer le fichier", nullptr, nullptr, nullptr},
     {"&Ouvrir l'explorateur windows", nullptr, nullptr, nullptr},
     {"&Rechercher", "rechercher", "Ctrl+F", " Rechercher des informations "},
+    {"&Gestion des prêts", nullptr, "Ctrl+P", nullptr},
+    {"P&ropriétés", nullptr, "Alt+Return", nullptr},
+    {"&Propriétés", nullptr, nullptr, nullptr},
     {"&Préférences", "preferences", "Ctrl+,", " Préférences "},
     {"&Quitter", nullptr, "Ctrl+Q", nullptr},
 };

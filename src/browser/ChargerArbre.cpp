@@ -4,14 +4,13 @@
 #include <string>
 #include <utility>
 
+#include "catalogue/Categories.h"
 #include "catalogue/Cles.h"
 #include "catalogue/Lignes.h"
 #include "catalogue/Medias.h"
 #include "catalogue/OuvrirBase.h"
 #include "catalogue/TexteArbre.h"
-#include "commun/Formes.h"
 #include "store/CycleBase.h"
-#include "store/Reglages.h"
 
 namespace {
 
@@ -40,9 +39,7 @@ bool AjouterMedia(ArbreCatalogue& arbre, Recordset& medias, std::string_view cle
     if (!medias.EstNul("Icone"))
         arbre.DonnerIcone(media, medias.Texte("Icone"));
     arbre.Selectionner(media);
-    const double couleur = GetSettingNombre(SectionTypes, Trim(medias.Texte("Categorie")), 0);
-    if (couleur > 0 && couleur <= 0xFFFFFF)
-        arbre.Colorer(media, static_cast<uint32_t>(couleur));
+    arbre.Colorer(media, CouleurCategorie(medias.Texte("Categorie")));
     return true;
 }
 

@@ -32,6 +32,9 @@ constexpr Regle Regles[NombreCommandes] = {
     {ToutNoeud, Un(ItemChoisi::Fichier)},                               // LancerFichier
     {ToutNoeud, Un(ItemChoisi::Fichier) | Un(ItemChoisi::Repertoire)},  // OuvrirDossier
     {},                                                                 // Rechercher
+    {},                                                                 // Prets
+    {SousLaRacine},                                                     // ProprietesNoeud
+    {ToutNoeud, ~Un(ItemChoisi::Aucun)},                                // ProprietesItem
     {ToutNoeud, ToutItem, Toujours},                                    // Preferences
     {ToutNoeud, ToutItem, Toujours},                                    // Quitter
 };

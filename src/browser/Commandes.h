@@ -17,6 +17,9 @@ enum class Commande {
     LancerFichier,
     OuvrirDossier,
     Rechercher,
+    Prets,
+    ProprietesNoeud,
+    ProprietesItem,
     Preferences,
     Quitter,
 };

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "catalogue/Cles.h"
 #include "catalogue/OuvrirBase.h"
 #include "commun/Formes.h"
 
@@ -41,6 +42,14 @@ void Navigateur::Montrer(Lecture lecture)
     ColorerMedia(noeud, CouleurRouge);
     arbre.FixerTag(arbre[noeud].cle);
     MontrerTitre();
+}
+
+int32_t Navigateur::ChangerCouleur(int64_t media, uint32_t avant, uint32_t apres)
+{
+    const int32_t noeud = arbre.Chercher(CleMedia(media));
+    if (noeud != ArbreCatalogue::Aucun && arbre[noeud].cle != arbre.Tag() && arbre[noeud].couleur == avant)
+        arbre.Colorer(noeud, apres);
+    return noeud;
 }
 
 void Navigateur::MontrerDescriptionNoeud()

@@ -29,6 +29,10 @@ public:
     // Shows the description of the item at this place of the list.
     void CliquerItem(int32_t rang);
 
+    // Gives a media the new colour of its category, when it has the old one; the red of the media shown, and the black
+    // of one that was shown, stay. Place of its node, Aucun when there is none.
+    int32_t ChangerCouleur(int64_t media, uint32_t avant, uint32_t apres);
+
     // Selects the tree node of a directory item, to be read next. False when it is no directory, or the tree has no
     // such node.
     bool Descendre(int32_t rang);

@@ -80,8 +80,8 @@ void frmView::CreerMenus()
     actions_.Ajouter(*catalogue, {Rechercher, Preferences});
     catalogue->addSeparator();
     actions_.Ajouter(*catalogue, {Quitter});
-    actions_.Ajouter(*menuBar()->addMenu("&Média"), {AjouterMedia});
-    actions_.Ajouter(*menuBar()->addMenu("&Fichier"), {LancerFichier, OuvrirDossier});
+    actions_.Ajouter(*menuBar()->addMenu("&Média"), {AjouterMedia, Prets, ProprietesNoeud});
+    actions_.Ajouter(*menuBar()->addMenu("&Fichier"), {LancerFichier, OuvrirDossier, ProprietesItem});
     menuBar()->addMenu("&Affichage")->addActions(actions_.Affichages()->actions());
 
     QToolBar* barre = addToolBar("Barre d'outils");
@@ -398,6 +398,9 @@ void frmView::Executer(Commande commande)
         case Commande::LancerFichier: Lancer(false); break;
         case Commande::OuvrirDossier: Lancer(true); break;
         case Commande::Rechercher: emit rechercheVoulue(); break;
+        case Commande::Prets: emit pretsVoulus(); break;
+        case Commande::ProprietesNoeud: ShowPropriete("Tv"); break;
+        case Commande::ProprietesItem: ShowPropriete("Lv"); break;
         case Commande::Preferences: emit preferencesVoulues(); break;
         case Commande::Quitter: emit sortieVoulue(); break;
     }
@@ -459,6 +462,26 @@ void frmView::OuvrirItem()
     tvTreeView_Click();
 }
 
+void frmView::ShowPropriete(std::string_view genre)
+{
+    if (genre == "Tv") {
+        if (!navigateur_.arbre.CleSelection().empty())
+            emit proprietesVoulues(std::string(navigateur_.arbre.CleSelection()), false);
+        return;
+    }
+    const QModelIndex index = panneaux_.VueListe()->currentIndex();
+    if (!index.isValid())
+        return;
+    const ItemListe item = navigateur_.liste[index.row()];
+    emit proprietesVoulues(std::string(item.cle), !item.EstRepertoire());
+}
+
+void frmView::ChangerCouleurs(const std::vector<int64_t>& medias, uint32_t avant, uint32_t apres)
+{
+    for (const int64_t media : medias)
+        modeleArbre_->AnnoncerNoeud(navigateur_.ChangerCouleur(media, avant, apres));
+}
+
 void frmView::Lancer(bool dossier)
 {
     travail_.Executer(Place::Commande, [this, dossier] {
@@ -477,13 +500,14 @@ void frmView::MenuArbre(const QPoint& place)
 {
     using enum Commande;
     const int32_t noeud = ModeleArbre::Noeud(panneaux_.arbre->indexAt(place));
-    if (noeud == ArbreCatalogue::Aucun || navigateur_.arbre[noeud].niveau > 2)
+    if (noeud == ArbreCatalogue::Aucun)
         return;
     QMenu menu(this);
     if (navigateur_.arbre.EstMedia(noeud))
         actions_.Ajouter(menu, {AjouterMedia});
-    else
+    else if (navigateur_.arbre[noeud].niveau == 1)
         actions_.Ajouter(menu, {CreerCatalogue, OuvrirCatalogue, DupliquerCatalogue, SupprimerCatalogue});
+    actions_.Ajouter(menu, {ProprietesNoeud});
     menu.exec(panneaux_.arbre->viewport()->mapToGlobal(place));
 }
 
@@ -494,7 +518,7 @@ void frmView::MenuListe(const QPoint& place)
     if (!panneaux_.VueListe()->currentIndex().isValid())
         return;
     QMenu menu(this);
-    actions_.Ajouter(menu, {LancerFichier, OuvrirDossier});
+    actions_.Ajouter(menu, {LancerFichier, OuvrirDossier, ProprietesItem});
     menu.exec(panneaux_.VueListe()->viewport()->mapToGlobal(place));
 }
 

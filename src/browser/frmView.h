@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <QMainWindow>
 #include <QTimer>
@@ -32,6 +33,12 @@ public:
     // Fills the tree when that is due; `chargement` and `charge` tell of it. False when there is nothing to do.
     bool ChargerArbre();
 
+    // Takes media in a new colour of their category over into the tree, see Navigateur.
+    void ChangerCouleurs(const std::vector<int64_t>& medias, uint32_t avant, uint32_t apres);
+
+    // Opens the properties of the selected node, "Tv", or of the list's item, "Lv".
+    void ShowPropriete(std::string_view genre);
+
     void tvTreeView_Click();
     void lvListView_Click();
 
@@ -54,6 +61,9 @@ signals:
     void ajoutVoulu();       // the user wants to read a media
     void rechercheVoulue();  // the search window must take the place of this one
     void preferencesVoulues();
+    void pretsVoulus();
+    // By the key of a node or an item; `fichier`: of an item that is no directory.
+    void proprietesVoulues(const std::string& cle, bool fichier);
     void sortieVoulue();     // the user wants to end the program
     void fermetureVoulue();  // the window is to be closed; it stays until somebody hides it
     void chargement(double part);

@@ -9,6 +9,8 @@
 #include "extraction/FrmSemiAuto.h"
 #include "fenetres/Place.h"
 #include "fenetres/TravailFenetre.h"
+#include "loans/FrmPret.h"
+#include "loans/FrmPropriete.h"
 #include "platform/OperationsFichiers.h"
 #include "search/Arborescence.h"
 #include "search/frmRecherche.h"
@@ -45,6 +47,8 @@ void Fenetres::CreerVue()
     connect(vue_.get(), &frmView::ajoutVoulu, this, [this] { OuvrirAssistant(vue_.get()); });
     connect(vue_.get(), &frmView::rechercheVoulue, this, &Fenetres::OuvrirRecherche);
     connect(vue_.get(), &frmView::preferencesVoulues, this, &Fenetres::OuvrirPreferences);
+    connect(vue_.get(), &frmView::pretsVoulus, this, &Fenetres::OuvrirPrets);
+    connect(vue_.get(), &frmView::proprietesVoulues, this, &Fenetres::OuvrirProprietes);
     connect(vue_.get(), &frmView::sortieVoulue, this, [this] { Quitter(vue_.get()); });
     connect(vue_.get(), &frmView::fermetureVoulue, this, &Fenetres::FermerVue);
     connect(vue_.get(), &frmView::chargement, this, [this](double part) {
@@ -153,6 +157,18 @@ void Fenetres::OuvrirPreferences()
 {
     FrmOptions(dialogues_, vue_.get()).exec();
     vue_->RelireOptions();
+}
+
+void Fenetres::OuvrirPrets()
+{
+    FrmPret(dialogues_, travail_, vue_.get()).exec();
+}
+
+void Fenetres::OuvrirProprietes(const std::string& cle, bool fichier)
+{
+    FrmPropriete fenetre(dialogues_, travail_, SujetDeCle(cle, fichier), vue_.get());
+    connect(&fenetre, &FrmPropriete::couleursChangees, vue_.get(), &frmView::ChangerCouleurs);
+    fenetre.exec();
 }
 
 void Fenetres::Revenir()

@@ -47,6 +47,8 @@ private:
     void MontrerVue(QWidget* depuis);
     void OuvrirRecherche();
     void OuvrirPreferences();
+    void OuvrirPrets();
+    void OuvrirProprietes(const std::string& cle, bool fichier);
     void Atteindre(const struct ItemListe& resultat);
     void FermerAssistant();
     void FermerVue();
