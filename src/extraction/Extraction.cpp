@@ -40,9 +40,9 @@ struct Extraction::Etat {
     {
     }
 
+    Course course;
     Recordset enregistrements;
     Parcours parcours;
-    Course course;
     std::string chemin;         // of the directory at work, with trailing "\"
     std::string cheminFichier;  // scratch: the path of the file at work
     std::string ligne;          // progress line
