@@ -30,6 +30,7 @@
 #include "extraction/Extraction.h"
 #include "extraction/VerifierCatalogue.h"
 #include "extractors/Aiguillage.h"
+#include "lister.h"
 #include "platform/Chemins.h"
 #include "platform/Lecteurs.h"
 #include "platform/OperationsFichiers.h"
@@ -55,6 +56,8 @@ constexpr const char* Aide =
     "  chercher BASE MOT [--onglet 0|1|2] [--media N] [--descriptions] [--noms] [--extension E] [--dates D1 D2]\n"
     "           [--liste]                       cherche comme la fenêtre ; dates en AAAAMMJJ ; --liste : les "
     "résultats\n"
+    "  lister BASE texte|xml|html FICHIER [--media N] [--colonnes 12345]\n"
+    "                                           écrit un listing ; sans --colonnes, celles des réglages\n"
     "Les réglages et les lettres sont dans XDG_CONFIG_HOME, les fichiers de travail dans XDG_DATA_HOME.\n";
 
 class Chronometre {
@@ -316,6 +319,13 @@ void Chercher(const Arguments& arguments)
     ImprimerMemoire();
 }
 
+void Lister(const Arguments& arguments)
+{
+    OuvrirBase(arguments[1], false);
+    MesurerListing(arguments);
+    ImprimerMemoire();
+}
+
 void Membres(const Arguments& arguments)
 {
     const ArbreArchive tv = ListerArchive(Fichier(arguments[1]), ExtensionFichier(arguments[1]));
@@ -334,6 +344,7 @@ constexpr Commande Commandes[] = {
     {"extraire", 3, 5, Extraire},        {"arbre", 2, 2, Arbre},
     {"dossier", 3, 3, Dossier},          {"decrire", 2, SIZE_MAX, Decrire},
     {"chercher", 3, SIZE_MAX, Chercher}, {"membres", 2, 2, Membres},
+    {"lister", 4, 8, Lister},
 };
 
 }  // namespace

@@ -26,6 +26,7 @@ constexpr TexteCommande Textes[NombreCommandes] = {
     {"&Lancer le fichier", nullptr, nullptr, nullptr},
     {"&Ouvrir l'explorateur windows", nullptr, nullptr, nullptr},
     {"&Rechercher", "rechercher", "Ctrl+F", " Rechercher des informations "},
+    {"&Imprimer un listing", "imprimer", "Ctrl+P", " Imprimer un listing "},
     {"&Préférences", "preferences", "Ctrl+,", " Préférences "},
     {"&Quitter", nullptr, "Ctrl+Q", nullptr},
 };

@@ -32,6 +32,7 @@ constexpr Regle Regles[NombreCommandes] = {
     {ToutNoeud, Un(ItemChoisi::Fichier)},                               // LancerFichier
     {ToutNoeud, Un(ItemChoisi::Fichier) | Un(ItemChoisi::Repertoire)},  // OuvrirDossier
     {},                                                                 // Rechercher
+    {},                                                                 // Imprimer
     {ToutNoeud, ToutItem, Toujours},                                    // Preferences
     {ToutNoeud, ToutItem, Toujours},                                    // Quitter
 };

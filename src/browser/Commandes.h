@@ -17,6 +17,7 @@ enum class Commande {
     LancerFichier,
     OuvrirDossier,
     Rechercher,
+    Imprimer,
     Preferences,
     Quitter,
 };
