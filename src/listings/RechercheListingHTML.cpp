@@ -56,9 +56,15 @@ RechercheListingHTML::RechercheListingHTML(SortieListing& sortie, const Colonnes
 {
     constexpr std::array<std::string_view, NombreColonnesListing + 2> largeurs = {
         "width='5%'", "width='35%'", "width='10%'", "width='15%'", "width='10%'", "width='10%'", "width='10%'", ""};
-    for (size_t i = 0; i < largeurs.size(); ++i) {
-        cellules_[0][i] = DebutCellule(largeurs[i], "#CCCCCC");
-        cellules_[1][i] = DebutCellule(largeurs[i], "#FFFFFF");
+    const std::string fin = std::string(FinCellule) + "\r\n";
+    for (const bool blanche : {false, true}) {
+        std::array<std::string, largeurs.size()> debuts;
+        for (size_t i = 0; i < largeurs.size(); ++i)
+            debuts[i] = DebutCellule(largeurs[i], blanche ? "#FFFFFF" : "#CCCCCC");
+        Gabarit& gabarit = gabarits_[blanche ? 1 : 0];
+        for (size_t i = 0; i < gabarit.size(); ++i)
+            gabarit[i] = (i == 0 ? "<tr>\r\n" + debuts[0] : std::string()) + fin + debuts[i + 1];
+        gabarit.back() += fin + "</tr>";
     }
 }
 
@@ -110,13 +116,10 @@ void RechercheListingHTML::Repertoire(std::string_view chemin)
 
 void RechercheListingHTML::Fichier(const LigneListing& ligne)
 {
-    const DebutsCellules& cellules = cellules_[blanche_ ? 1 : 0];
-    sortie_.Ligne("<tr>");
-    sortie_.Fixe(cellules.front()).Ligne(FinCellule);
+    const Gabarit& gabarit = gabarits_[blanche_ ? 1 : 0];
     for (size_t i = 0; i < ligne.size(); ++i)
-        sortie_.Fixe(cellules[i + 1]).Texte(ligne[i]).Ligne(FinCellule);
-    sortie_.Fixe(cellules.back()).Ligne(FinCellule);
-    sortie_.Ligne("</tr>");
+        sortie_.Brut(gabarit[i]).Texte(ligne[i]);
+    sortie_.Brut(gabarit.back()).FinLigne();
     blanche_ = !blanche_;
 }
 

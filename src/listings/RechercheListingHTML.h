@@ -13,10 +13,10 @@ public:
     void Fin() override;
 
 private:
-    // The beginnings of the cells of a row: the narrow one ahead, one for each column, the one behind.
-    using DebutsCellules = std::array<std::string, NombreColonnesListing + 2>;
+    // What stands ahead of each cell's text in a row, and behind the last: a million rows are mostly this.
+    using Gabarit = std::array<std::string, NombreColonnesListing + 1>;
 
-    DebutsCellules cellules_[2];  // grey, white
-    bool blanche_ = false;        // colour of the next row
+    Gabarit gabarits_[2];   // grey, white
+    bool blanche_ = false;  // colour of the next row
     bool enTable_ = false;
 };

@@ -20,6 +20,12 @@ public:
 
     SortieListing(Forme forme, Versement verser) : forme_(forme), verser_(std::move(verser)) {}
 
+    // Bytes as they go out.
+    SortieListing& Brut(std::string_view octets)
+    {
+        tampon_ += octets;
+        return *this;
+    }
     SortieListing& Fixe(std::string_view texte);   // the program's own words
     SortieListing& Texte(std::string_view texte);  // words of the catalogue
     // Cut to so many characters, then padded with blanks.

@@ -14,6 +14,7 @@
 #include "store/Base.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
+#include "store/Transaction.h"
 
 namespace {
 
@@ -109,7 +110,11 @@ protected:
         std::vector<LigneTest> lignes = {{"000000000", "000000001", "D:", "D"}};
         for (const std::string& nom : noms)
             lignes.push_back(LigneFichier("000000001", nom));
+        Base base = OpenDatabase(BaseCourante());
+        Transaction ensemble(base);
         AjouterLignes(1, lignes);
+        EXPECT_TRUE(ensemble.Valider());
+        base.Close();
         Charger();
     }
     static size_t Compter(const std::string& texte, const std::string& morceau)
