@@ -32,6 +32,7 @@
 #include "extraction/Extraction.h"
 #include "extraction/VerifierCatalogue.h"
 #include "extractors/Aiguillage.h"
+#include "lister.h"
 #include "platform/Chemins.h"
 #include "platform/Lecteurs.h"
 #include "platform/OperationsFichiers.h"
@@ -55,7 +56,9 @@ constexpr const char* Aide =
     "  membres ARCHIVE                          membres d'une archive : indice, indice du parent, texte du noeud\n"
     "  chercher BASE MOT [--onglet 0|1|2] [--media N] [--descriptions] [--noms] [--extension E] [--dates D1 D2]\n"
     "           [--liste]                       cherche comme la fenêtre ; dates en AAAAMMJJ ; --liste : les "
-    "résultats\n";
+    "résultats\n"
+    "  lister BASE texte|xml|html FICHIER [--media N] [--colonnes 12345]\n"
+    "                                           écrit un listing ; sans --colonnes, celles des réglages\n";
 
 constexpr const char* AideDossiers =
     "Les réglages et les lettres sont dans XDG_CONFIG_HOME, les fichiers de travail dans XDG_DATA_HOME.\n";
@@ -318,6 +321,13 @@ void AudioDansBase(const Arguments& arguments)
     Audio(arguments);
 }
 
+void Lister(const Arguments& arguments)
+{
+    OuvrirBase(arguments[1], false);
+    MesurerListing(arguments);
+    ImprimerMemoire();
+}
+
 void Membres(const Arguments& arguments)
 {
     const ArbreArchive tv = ListerArchive(Fichier(arguments[1]), ExtensionFichier(arguments[1]));
@@ -348,6 +358,7 @@ constexpr Commande Commandes[] = {
     {"soumettre", 5, 5, Soumettre},
     {"lecteur", 2, SIZE_MAX, Lecteur},
     {"audio", 5, 11, AudioDansBase},
+    {"lister", 4, 8, Lister},
 };
 
 }  // namespace

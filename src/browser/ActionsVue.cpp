@@ -26,9 +26,10 @@ constexpr TexteCommande Textes[NombreCommandes] = {
     {"&Lancer le fichier", nullptr, nullptr, nullptr},
     {"&Ouvrir l'explorateur windows", nullptr, nullptr, nullptr},
     {"&Rechercher", "rechercher", "Ctrl+F", " Rechercher des informations "},
-    {"&Gestion des prêts", nullptr, "Ctrl+P", nullptr},
+    {"&Gestion des prêts", nullptr, "Ctrl+G", nullptr},
     {"P&ropriétés", nullptr, "Alt+Return", nullptr},
     {"&Propriétés", nullptr, nullptr, nullptr},
+    {"&Imprimer un listing", "imprimer", "Ctrl+P", " Imprimer un listing "},
     {"&Préférences", "preferences", "Ctrl+,", " Préférences "},
     {"&Quitter", nullptr, "Ctrl+Q", nullptr},
 };

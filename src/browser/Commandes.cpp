@@ -35,6 +35,7 @@ constexpr Regle Regles[NombreCommandes] = {
     {},                                                                 // Prets
     {SousLaRacine},                                                     // ProprietesNoeud
     {ToutNoeud, ~Un(ItemChoisi::Aucun)},                                // ProprietesItem
+    {},                                                                 // Imprimer
     {ToutNoeud, ToutItem, Toujours},                                    // Preferences
     {ToutNoeud, ToutItem, Toujours},                                    // Quitter
 };

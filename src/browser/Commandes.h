@@ -20,6 +20,7 @@ enum class Commande {
     Prets,
     ProprietesNoeud,
     ProprietesItem,
+    Imprimer,
     Preferences,
     Quitter,
 };

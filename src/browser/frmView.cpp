@@ -77,7 +77,7 @@ void frmView::CreerMenus()
     QMenu* catalogue = menuBar()->addMenu("&Catalogue");
     actions_.Ajouter(*catalogue, {CreerCatalogue, OuvrirCatalogue, DupliquerCatalogue, SupprimerCatalogue});
     catalogue->addSeparator();
-    actions_.Ajouter(*catalogue, {Rechercher, Preferences});
+    actions_.Ajouter(*catalogue, {Rechercher, Imprimer, Preferences});
     catalogue->addSeparator();
     actions_.Ajouter(*catalogue, {Quitter});
     actions_.Ajouter(*menuBar()->addMenu("&Média"), {AjouterMedia, Prets, ProprietesNoeud});
@@ -92,7 +92,7 @@ void frmView::CreerMenus()
     barre->addSeparator();
     actions_.Ajouter(*barre, {CreerCatalogue, OuvrirCatalogue, RetirerCatalogue});
     barre->addSeparator();
-    actions_.Ajouter(*barre, {Rechercher, Preferences});
+    actions_.Ajouter(*barre, {Rechercher, Imprimer, Preferences});
 }
 
 void frmView::Relier()
@@ -401,6 +401,7 @@ void frmView::Executer(Commande commande)
         case Commande::Prets: emit pretsVoulus(); break;
         case Commande::ProprietesNoeud: ShowPropriete("Tv"); break;
         case Commande::ProprietesItem: ShowPropriete("Lv"); break;
+        case Commande::Imprimer: emit impressionVoulue(); break;
         case Commande::Preferences: emit preferencesVoulues(); break;
         case Commande::Quitter: emit sortieVoulue(); break;
     }

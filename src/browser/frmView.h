@@ -52,14 +52,18 @@ public:
     };
     void Atteindre(const Cible& cible);
 
+    // Changes between the pieces of work only.
+    const ArbreCatalogue& Arbre() const { return navigateur_.arbre; }
+
     // What the preferences change in this window.
     void RelireOptions();
     // Keeps what closing keeps: place, state, columns.
     void Memoriser();
 
 signals:
-    void ajoutVoulu();       // the user wants to read a media
-    void rechercheVoulue();  // the search window must take the place of this one
+    void ajoutVoulu();        // the user wants to read a media
+    void rechercheVoulue();   // the search window must take the place of this one
+    void impressionVoulue();  // the listing window must take the place of this one
     void preferencesVoulues();
     void pretsVoulus();
     // By the key of a node or an item; `fichier`: of an item that is no directory.

@@ -21,9 +21,6 @@ ChampsItem::ChampsItem(Recordset& lignes)
 {
 }
 
-namespace {
-
-// "20031224" as "24/12/2003"; anything else than eight characters shows nothing.
 std::string_view MontrerDate(std::string_view date, std::string& place)
 {
     place.clear();
@@ -31,8 +28,6 @@ std::string_view MontrerDate(std::string_view date, std::string& place)
         place.append(date.substr(6)).append("/").append(date.substr(4, 2)).append("/").append(date.substr(0, 4));
     return place;
 }
-
-}  // namespace
 
 ItemListe FaireItem(Recordset& lignes, const ChampsItem& champs, bool dansArchive, TextesItem& textes)
 {

@@ -20,5 +20,8 @@ struct TextesItem {
 };
 ItemListe FaireItem(Recordset& lignes, const ChampsItem& champs, bool dansArchive, TextesItem& textes);
 
+// "20031224" as "24/12/2003", in `place`; anything else than eight characters shows nothing.
+std::string_view MontrerDate(std::string_view date, std::string& place);
+
 // The extensions whose files stand in the tree.
 bool EstExtensionArchive(std::string_view extension);

@@ -30,6 +30,19 @@ Recordset LignesContenu(Base& base, const CleNoeud& noeud)
                               "' and NCatalogue = " + noeud.catalogue + " order by nom asc");
 }
 
+Recordset LignesFichiers(Base& base, const CleNoeud& noeud)
+{
+    return base.OpenRecordset("Select * from Liste where Répertoire= '" + noeud.contenu +
+                              "' and NCatalogue = " + noeud.catalogue + (noeud.archive ? " " : "  ") +
+                              "and Attribut <> 'D' And Attribut <> 'Z' order by nom asc,alias asc");
+}
+
+Recordset LigneRacine(Base& base, std::string_view media)
+{
+    return base.OpenRecordset("Select * from Liste where NCatalogue = " + Texte(media) +
+                              " and Répertoire = '000000000' order by Num asc");
+}
+
 Recordset LignesRepertoires(Base& base, int64_t media)
 {
     return base.OpenRecordset("Select * from Liste where Attribut= 'D' and NCatalogue = " + Str(media) +

@@ -16,6 +16,10 @@ int64_t NombreDeLignes(Base& base);
 
 // What a directory or an archive holds, by name.
 Recordset LignesContenu(Base& base, const CleNoeud& noeud);
+// Its files alone, by name and alias: neither directories nor folders inside archives.
+Recordset LignesFichiers(Base& base, const CleNoeud& noeud);
+// The top directory of a media, whose name is its drive.
+Recordset LigneRacine(Base& base, std::string_view media);
 // The directories of a media by their codes: what its tree can be made of when it has no text of it.
 Recordset LignesRepertoires(Base& base, int64_t media);
 

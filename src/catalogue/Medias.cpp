@@ -21,6 +21,17 @@ Recordset TousLesMedias(Base& base)
     return base.OpenRecordset("select * from Catalogue  order by Label");
 }
 
+Recordset MediasParLabel(Base& base)
+{
+    return base.OpenRecordset("Select * from Catalogue order by Label");
+}
+
+Recordset MediaListe(Base& base, std::string_view numero)
+{
+    return base.OpenRecordset("Select * from Catalogue where Num = " + std::string(numero) +
+                              " order by Label asc,Identifiant asc");
+}
+
 Recordset LireMedia(Base& base, std::string_view numero)
 {
     return base.OpenRecordset("Select * from Catalogue where  Num =  " + std::string(numero) + " order by  Label asc");

@@ -14,6 +14,10 @@
 Recordset MediasMontres(Base& base);
 // All of them, those of an interrupted run too, by label.
 Recordset TousLesMedias(Base& base);
+// The same, for the choice of what is listed.
+Recordset MediasParLabel(Base& base);
+// One media, for the head of its listing.
+Recordset MediaListe(Base& base, std::string_view numero);
 // One media, to be read or edited.
 Recordset LireMedia(Base& base, std::string_view numero);
 // The media with this identifier or name, in which each "'" must be doubled to be found.

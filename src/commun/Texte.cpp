@@ -244,20 +244,22 @@ std::string DosEnTexte(std::string_view octets)
     return texte;
 }
 
+int OctetAnsi(char32_t caractere)
+{
+    if (caractere < 0x80 || (caractere >= 0xA0 && caractere <= 0xFF))
+        return static_cast<int>(caractere);
+    const auto* haut = std::find(ansiHaut.begin(), ansiHaut.end(), caractere);
+    return haut == ansiHaut.end() ? -1 : 0x80 + static_cast<int>(haut - ansiHaut.begin());
+}
+
 bool TexteEnAnsi(std::string_view texte, std::string& octets)
 {
     std::string resultat;
     resultat.reserve(texte.size());
     for (size_t position = 0; position < texte.size();) {
-        const char32_t caractere = CaractereSuivant(texte, position);
-        size_t octet = caractere;
-        if (caractere >= 0x80 && (caractere < 0xA0 || caractere > 0xFF)) {
-            for (octet = 0; octet < ansiHaut.size() && ansiHaut[octet] != caractere;)
-                ++octet;
-            if (octet == ansiHaut.size())
-                return false;
-            octet += 0x80;
-        }
+        const int octet = OctetAnsi(CaractereSuivant(texte, position));
+        if (octet < 0)
+            return false;
         resultat += static_cast<char>(octet);
     }
     octets = std::move(resultat);
@@ -293,6 +295,12 @@ std::string NomEnTexte(std::string_view octets)
 std::string Utf16EnTexte(std::u16string_view unites)
 {
     return QStringView(unites).toUtf8().toStdString();
+}
+
+std::string Composer(std::string_view texte)
+{
+    const QString lettres = QString::fromUtf8(texte.data(), static_cast<qsizetype>(texte.size()));
+    return lettres.normalized(QString::NormalizationForm_C).toStdString();
 }
 
 std::string Minuscules(std::string_view texte)

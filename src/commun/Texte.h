@@ -17,12 +17,18 @@ std::string DosEnTexte(std::string_view octets);
 // The reverse of the first; false when a character has no byte.
 bool TexteEnAnsi(std::string_view texte, std::string& octets);
 
+// The byte of one character; -1 when it has none.
+int OctetAnsi(char32_t caractere);
+
 // A name as a volume holds it: valid UTF-8 as such, anything else as ANSI.
 std::string NomEnTexte(std::string_view octets);
 bool Utf8Valide(std::string_view octets);
 
 // Half a surrogate pair becomes "?".
 std::string Utf16EnTexte(std::u16string_view unites);
+
+// Letters with their accents behind them become one character each, where there is one.
+std::string Composer(std::string_view texte);
 
 std::string Minuscules(std::string_view texte);
 std::string Majuscules(std::string_view texte);

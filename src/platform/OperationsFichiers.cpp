@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <system_error>
 #include <vector>
 
 #include <fmt/format.h>
@@ -22,6 +23,16 @@
 #include "platform/Fichier.h"
 
 namespace {
+thread_local int erreurEcriture = 0;  // 0: nothing has failed yet
+
+// Keeps what the system says by now, unless an earlier step has failed already.
+bool Echouer()
+{
+    if (erreurEcriture == 0)
+        erreurEcriture = errno;
+    return false;
+}
+
 bool EstDeType(const std::string& chemin, mode_t type)
 {
     struct stat etat {};
@@ -35,7 +46,7 @@ bool Verser(int descripteur, std::string_view octets)
         if (ecrits < 0 && errno == EINTR)
             continue;
         if (ecrits <= 0)
-            return false;
+            return Echouer();
         octets.remove_prefix(static_cast<size_t>(ecrits));
     }
     return true;
@@ -101,21 +112,25 @@ bool Remplacer(const std::string& chemin, bool prive, const std::function<bool(i
     const std::string cible = CibleReelle(chemin);
     const std::string dossier = DossierDe(cible);
     std::string nomBrouillon;
+    erreurEcriture = 0;
     Descripteur brouillon = CreerBrouillon(dossier, prive ? 0600 : 0666, nomBrouillon);
     if (!brouillon.Ouvert())
-        return false;
+        return Echouer();
 
     struct stat ancien {};
     bool reussi = true;
-    if (!prive && stat(cible.c_str(), &ancien) == 0)
-        reussi = S_ISREG(ancien.st_mode) && fchmod(brouillon.Valeur(), ancien.st_mode & 07777) == 0;
-    reussi = reussi && remplir(brouillon.Valeur()) && fsync(brouillon.Valeur()) == 0;
-    reussi = close(brouillon.Ceder()) == 0 && reussi;  // network file systems may fail only here
+    if (!prive && stat(cible.c_str(), &ancien) == 0) {
+        errno = S_ISDIR(ancien.st_mode) ? EISDIR : EINVAL;
+        reussi = (S_ISREG(ancien.st_mode) && fchmod(brouillon.Valeur(), ancien.st_mode & 07777) == 0) || Echouer();
+    }
+    reussi = reussi && remplir(brouillon.Valeur()) && (fsync(brouillon.Valeur()) == 0 || Echouer());
+    // Network file systems may fail only here.
+    reussi = (close(brouillon.Ceder()) == 0 || (reussi && Echouer())) && reussi;
     if (reussi && avant) {
         reussi = avant(cible);
         SynchroniserDossier(dossier);
     }
-    if (!reussi || rename(nomBrouillon.c_str(), cible.c_str()) != 0) {
+    if (!reussi || (rename(nomBrouillon.c_str(), cible.c_str()) != 0 && !Echouer())) {
         unlink(nomBrouillon.c_str());
         return false;
     }
@@ -123,6 +138,11 @@ bool Remplacer(const std::string& chemin, bool prive, const std::function<bool(i
     return true;
 }
 }  // namespace
+
+std::string ErreurEcriture()
+{
+    return erreurEcriture == 0 ? std::string() : std::generic_category().message(erreurEcriture);
+}
 
 bool FichierExiste(const std::string& chemin)
 {

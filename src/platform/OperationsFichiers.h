@@ -9,6 +9,10 @@ class Fichier;
 
 // Operations on the program's own files, by real path. All return false on failure and then leave the target as it was.
 
+// What the system said to the last EcrireFichier or CopierFichier of this thread, in the user's language; empty when it
+// had no objection.
+std::string ErreurEcriture();
+
 bool FichierExiste(const std::string& chemin);  // an ordinary file
 bool DossierExiste(const std::string& chemin);
 

@@ -9,6 +9,7 @@
 #include "extraction/FrmSemiAuto.h"
 #include "fenetres/Place.h"
 #include "fenetres/TravailFenetre.h"
+#include "listings/frmImpression.h"
 #include "loans/FrmPret.h"
 #include "loans/FrmPropriete.h"
 #include "platform/OperationsFichiers.h"
@@ -46,6 +47,7 @@ void Fenetres::CreerVue()
     vue_ = std::make_unique<frmView>(dialogues_, choixLecteur_, travail_);
     connect(vue_.get(), &frmView::ajoutVoulu, this, [this] { OuvrirAssistant(vue_.get()); });
     connect(vue_.get(), &frmView::rechercheVoulue, this, &Fenetres::OuvrirRecherche);
+    connect(vue_.get(), &frmView::impressionVoulue, this, &Fenetres::OuvrirImpression);
     connect(vue_.get(), &frmView::preferencesVoulues, this, &Fenetres::OuvrirPreferences);
     connect(vue_.get(), &frmView::pretsVoulus, this, &Fenetres::OuvrirPrets);
     connect(vue_.get(), &frmView::proprietesVoulues, this, &Fenetres::OuvrirProprietes);
@@ -67,6 +69,13 @@ void Fenetres::CreerRecherche()
     connect(recherche_.get(), &frmRecherche::resultatVoulu, this, &Fenetres::Atteindre);
     connect(recherche_.get(), &frmRecherche::fermetureVoulue, this, [this] { PrendreLaPlace(*vue_, *recherche_); });
     connect(recherche_.get(), &frmRecherche::sortieVoulue, this, [this] { Quitter(recherche_.get()); });
+}
+
+void Fenetres::CreerImpression()
+{
+    impression_ = std::make_unique<frmImpression>(dialogues_, travail_, vue_->Arbre());
+    connect(impression_.get(), &frmImpression::fermetureVoulue, this, [this] { PrendreLaPlace(*vue_, *impression_); });
+    connect(impression_.get(), &frmImpression::sortieVoulue, this, [this] { Quitter(impression_.get()); });
 }
 
 void Fenetres::OuvrirAssistant(QWidget* depuis)
@@ -137,6 +146,15 @@ void Fenetres::OuvrirRecherche()
     PrendreLaPlace(*recherche_, *vue_);
 }
 
+void Fenetres::OuvrirImpression()
+{
+    vue_->Memoriser();
+    if (!impression_)
+        CreerImpression();
+    impression_->Ouvrir();
+    PrendreLaPlace(*impression_, *vue_);
+}
+
 void Fenetres::Atteindre(const ItemListe& resultat)
 {
     const CleResultat cle = AnalyserCleResultat(resultat.cle);
@@ -202,9 +220,12 @@ void Fenetres::Quitter(QWidget* devant)
         vue_->Memoriser();
     if (recherche_ && recherche_->isVisible())
         recherche_->Memoriser();
+    if (impression_ && impression_->isVisible())
+        impression_->Memoriser();
     if (assistant_ && assistant_->isVisible())
         assistant_->Memoriser();
-    for (const Place place : {Place::Arbre, Place::Liste, Place::Tri, Place::Recherche, Place::TriResultats})
+    for (const Place place : {Place::Arbre, Place::Liste, Place::Tri, Place::Recherche, Place::TriResultats,
+                              Place::Listing})
         travail_.Arreter(place);
     attente_.Montrer("Velourne est en cours de fermeture ... ", devant);
     travail_.Demander(

@@ -12,6 +12,7 @@
 
 class FrmMain;
 class FrmSemiAuto;
+class frmImpression;
 class frmRecherche;
 class frmView;
 class QWidget;
@@ -41,11 +42,13 @@ private:
     void CreerPrincipale();
     void CreerVue();
     void CreerRecherche();
+    void CreerImpression();
 
     void OuvrirAssistant(QWidget* depuis);
     void OuvrirVue(QWidget* depuis);
     void MontrerVue(QWidget* depuis);
     void OuvrirRecherche();
+    void OuvrirImpression();
     void OuvrirPreferences();
     void OuvrirPrets();
     void OuvrirProprietes(const std::string& cle, bool fichier);
@@ -62,6 +65,7 @@ private:
     std::unique_ptr<FrmMain> principale_;
     std::unique_ptr<frmView> vue_;
     std::unique_ptr<frmRecherche> recherche_;
+    std::unique_ptr<frmImpression> impression_;  // behind the browser, whose tree it lists
     std::unique_ptr<FrmSemiAuto> assistant_;
     QWidget* avantVue_ = nullptr;  // hands its place over to the browser once that is loaded
     std::string courante_ = "FrmMain";
