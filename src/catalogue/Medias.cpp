@@ -27,6 +27,15 @@ Recordset LireMedia(Base& base, std::string_view numero)
     return base.OpenRecordset("Select * from Catalogue where  Num =  " + std::string(numero) + " order by  Label asc");
 }
 
+int RangParLabel(Base& base, std::string_view numero)
+{
+    int rang = 0;
+    for (Recordset medias = TousLesMedias(base); !medias.Eof(); medias.MoveNext(), ++rang)
+        if (medias.Texte("Num") == numero)
+            return rang;
+    return -1;
+}
+
 Recordset MediaParIdentifiant(Base& base, std::string_view identifiant)
 {
     return base.OpenRecordset("select * from Catalogue where Identifiant = '" + DoublerApostrophes(identifiant) +

@@ -15,6 +15,8 @@ Recordset MediasMontres(Base& base);
 Recordset TousLesMedias(Base& base);
 // One media, to be read or edited.
 Recordset LireMedia(Base& base, std::string_view numero);
+// Place of a media among all of them by label, from 0; -1 when there is none of this number.
+int RangParLabel(Base& base, std::string_view numero);
 // The media with this identifier or name, "'" included.
 Recordset MediaParIdentifiant(Base& base, std::string_view identifiant);
 Recordset MediaParLabel(Base& base, std::string_view label);

@@ -149,17 +149,18 @@ void CompacterBase()
     SupprimerFichier(copie);
 }
 
-void SupprimerMedia(std::string_view numero, const std::string& chemin)
+bool SupprimerMedia(std::string_view numero, const std::string& chemin)
 {
     if (numero.empty())
-        return;
+        return false;
     Base base = OpenDatabase(chemin);
     Transaction transaction(base);  // does nothing inside another
-    const bool fait = base.Execute("delete * from Liste where NCatalogue = " + std::string(numero)) &&
-                      base.Execute("delete * from Catalogue where Num = " + std::string(numero));
-    if (fait)
-        transaction.Valider();
+    bool fait = base.Execute("delete * from Liste where NCatalogue = " + std::string(numero)) &&
+                base.Execute("delete * from Catalogue where Num = " + std::string(numero));
+    if (fait && transaction.Ouverte())
+        fait = transaction.Valider();
     FixerAbandon(true);
+    return fait;
 }
 
 bool ModifierCatalogue(int64_t numero, bool drapeau, std::string_view arbre, const std::string& chemin)

@@ -39,8 +39,9 @@ void RelireBaseCourante();
 
 void CompacterBase();
 
-// Deletes the rows of a media and sets the abort flag of the extraction. Nothing for an empty number.
-void SupprimerMedia(std::string_view numero, const std::string& base = BaseCourante());
+// Deletes the rows of a media, all or none, and sets the abort flag of the extraction. Nothing for an empty number.
+// False when nothing was deleted.
+bool SupprimerMedia(std::string_view numero, const std::string& base = BaseCourante());
 
 // Makes a media visible or not and stores its directory tree; false when nothing could be written.
 bool ModifierCatalogue(int64_t numero, bool drapeau, std::string_view arbre, const std::string& base = BaseCourante());
