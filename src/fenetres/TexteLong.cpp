@@ -30,6 +30,7 @@ void TexteLong::Montrer(const QString& texte)
     boite_.setReadOnly(true);
     boite_.setPlainText({});
     Ajouter();
+    boite_.moveCursor(QTextCursor::Start);
     if (place_ < texte_.size())
         suite_.start();
 }
