@@ -29,6 +29,18 @@ constexpr Regle Regles[NombreCommandes] = {
     {},                                                                 // SupprimerCatalogue
     {SousLaRacine},                                                     // RetirerCatalogue
     {},                                                                 // AjouterMedia
+    {SousLaRacine},                                                     // ModifierLabel
+    {SousLaRacine},                                                     // ModifierIcone
+    {SousLaRacine},                                                     // SupprimerMedia
+    {Un(NoeudChoisi::Repertoire)},                                      // RenommerRepertoire
+    {Un(NoeudChoisi::Repertoire)},                                      // SupprimerRepertoire
+    {Un(NoeudChoisi::Archive)},                                         // RenommerArchive
+    {Un(NoeudChoisi::Archive)},                                         // SupprimerArchive
+    {SousLaRacine},                                                     // DecrireNoeud
+    {SousLaRacine},                                                     // RechercherMedia
+    {ToutNoeud, ~Un(ItemChoisi::Aucun)},                                // RenommerItem
+    {ToutNoeud, ~Un(ItemChoisi::Aucun)},                                // RetirerItem
+    {ToutNoeud, ~Un(ItemChoisi::Aucun)},                                // DecrireItem
     {ToutNoeud, Un(ItemChoisi::Fichier)},                               // LancerFichier
     {ToutNoeud, Un(ItemChoisi::Fichier) | Un(ItemChoisi::Repertoire)},  // OuvrirDossier
     {},                                                                 // Rechercher
@@ -37,6 +49,7 @@ constexpr Regle Regles[NombreCommandes] = {
     {ToutNoeud, ~Un(ItemChoisi::Aucun)},                                // ProprietesItem
     {},                                                                 // Imprimer
     {ToutNoeud, ToutItem, Toujours},                                    // Preferences
+    {ToutNoeud, ToutItem, Toujours},                                    // Aide
     {ToutNoeud, ToutItem, Toujours},                                    // Quitter
 };
 
@@ -47,9 +60,9 @@ ContexteCommandes Contexte(const ArbreCatalogue& arbre, std::string_view cleItem
     ContexteCommandes contexte;
     const int32_t noeud = arbre.Selection();
     const std::string_view cle = arbre.CleSelection();
-    if (noeud == ArbreCatalogue::Aucun)
+    if (arbre.Nombre() == 0)
         contexte.noeud = NoeudChoisi::Aucun;
-    else if (arbre[noeud].parent == ArbreCatalogue::Aucun)
+    else if (noeud == ArbreCatalogue::Aucun || arbre[noeud].parent == ArbreCatalogue::Aucun)
         contexte.noeud = NoeudChoisi::Racine;
     else if (arbre.EstMedia(noeud))
         contexte.noeud = NoeudChoisi::Media;

@@ -14,6 +14,18 @@ enum class Commande {
     SupprimerCatalogue,
     RetirerCatalogue,  // the same, on the tool bar
     AjouterMedia,
+    ModifierLabel,
+    ModifierIcone,
+    SupprimerMedia,
+    RenommerRepertoire,
+    SupprimerRepertoire,
+    RenommerArchive,
+    SupprimerArchive,
+    DecrireNoeud,
+    RechercherMedia,
+    RenommerItem,
+    RetirerItem,
+    DecrireItem,
     LancerFichier,
     OuvrirDossier,
     Rechercher,
@@ -22,10 +34,12 @@ enum class Commande {
     ProprietesItem,
     Imprimer,
     Preferences,
+    Aide,
     Quitter,
 };
 inline constexpr size_t NombreCommandes = static_cast<size_t>(Commande::Quitter) + 1;
 
+// Aucun: the tree has no nodes at all. A tree of which none is selected stands as if its root were.
 enum class NoeudChoisi : unsigned { Aucun = 1, Racine = 2, Media = 4, Repertoire = 8, Archive = 16 };
 enum class ItemChoisi : unsigned { Aucun = 1, Repertoire = 2, Fichier = 4, DansArchive = 8 };
 

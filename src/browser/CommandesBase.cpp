@@ -1,5 +1,6 @@
 #include "browser/CommandesBase.h"
 
+#include "browser/MessagesVue.h"
 #include "platform/OperationsFichiers.h"
 #include "store/CycleBase.h"
 #include "store/PoserBase.h"
@@ -11,7 +12,7 @@ DemandeFichier DemandeBase(const char* titre, bool ecrire)
 {
     DemandeFichier demande;
     demande.titre = titre;
-    demande.filtre = "Bases de Velourne (*.vlr)";
+    demande.filtre = std::string(Messages[FiltreBases]) + "Velourne (*.vlr)";
     demande.suffixe = "vlr";
     demande.depart = BaseCourante();
     demande.ecrire = ecrire;
@@ -30,7 +31,7 @@ void Basculer(const std::string& chemin)
 
 bool OuvrirCatalogue(Dialogues& dialogues)
 {
-    const std::string chemin = dialogues.ChoisirFichier(DemandeBase("Ouvrir un catalogue", false));
+    const std::string chemin = dialogues.ChoisirFichier(DemandeBase(Messages[TitreOuvrir], false));
     if (chemin.empty())
         return false;
     Basculer(chemin);
@@ -39,32 +40,31 @@ bool OuvrirCatalogue(Dialogues& dialogues)
 
 bool CreerCatalogue(Dialogues& dialogues)
 {
-    const std::string chemin = dialogues.ChoisirFichier(DemandeBase("Créer un nouveau catalogue", true));
-    if (chemin.empty() ||
-        (FichierExiste(chemin) && !dialogues.Demander("Ce fichier existe, voulez-vous vraiment l'écraser ?")))
+    const std::string chemin = dialogues.ChoisirFichier(DemandeBase(Messages[TitreCreer], true));
+    if (chemin.empty() || (FichierExiste(chemin) && !dialogues.DemanderAvantPerte(Messages[EcraserLeFichier])) ||
+        !CopierModele(chemin))
         return false;
-    CopierModele(chemin);
     Basculer(chemin);
     return true;
 }
 
 void DupliquerCatalogue(Dialogues& dialogues)
 {
-    DemandeFichier demande = DemandeBase("Sauvegarder le catalogue en cours", true);
+    DemandeFichier demande = DemandeBase(Messages[TitreSauvegarder], true);
     demande.confirmer = true;
     const std::string chemin = dialogues.ChoisirFichier(demande);
     if (chemin.empty())
         return;
     if (chemin == BaseCourante())
-        dialogues.Informer("Veuillez saisir un autre nom différent que celui du catalogue courant !");
+        dialogues.Informer(Messages[MemeNomDeBase]);
     else
         CopierBase(BaseCourante(), chemin);
 }
 
 bool SupprimerCatalogue(Dialogues& dialogues)
 {
-    if (!dialogues.Demander("Êtes-vous sur de vouloir supprimer la base actuelle : " + BaseCourante() + " ?",
-                            "Suppression du catalogue en cours !"))
+    if (!dialogues.DemanderAvantPerte(Messages[SupprimerLaBase] + BaseCourante() + " ?",
+                                      "Suppression du catalogue en cours !"))
         return false;
     SupprimerBase(BaseCourante());
     PoserBaseParDefaut();

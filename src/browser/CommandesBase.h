@@ -5,7 +5,7 @@
 // What the user does to whole bases. Each asks what it needs to know, and returns true when another base has become
 // current; the tree must then be loaded anew. A dialog left without a choice does nothing.
 
-// An empty base, which becomes current. Asks before it overwrites a file.
+// An empty base, which becomes current once it is there. Asks before it overwrites a file.
 bool CreerCatalogue(Dialogues& dialogues);
 
 bool OuvrirCatalogue(Dialogues& dialogues);

@@ -1,7 +1,6 @@
 #include "browser/ImagesCatalogue.h"
 
-#include <QPixmap>
-
+#include "browser/IconeMedia.h"
 #include "platform/TypesSysteme.h"
 
 namespace {
@@ -45,13 +44,10 @@ QIcon ImagesCatalogue::DuNoeud(const ArbreCatalogue& arbre, int32_t noeud)
     if (n.image == SansImage)
         return {};
     if (n.image == ImagePropre) {
-        QIcon& icone = medias_[noeud];
-        QPixmap image;
-        const std::string& octets = arbre.Icone(noeud);
-        if (icone.isNull() &&
-            image.loadFromData(reinterpret_cast<const uchar*>(octets.data()), static_cast<uint>(octets.size())))
-            icone = QIcon(image);
-        return icone.isNull() ? DeItem(ImageRacine) : icone;
+        auto icone = medias_.find(noeud);
+        if (icone == medias_.end())
+            icone = medias_.insert(noeud, IconeDeMedia(arbre.Icone(noeud)));
+        return icone->isNull() ? DeItem(ImageRacine) : *icone;
     }
     if (n.imageSelection != ImageRepertoireOuvert)
         return DeItem(n.image);

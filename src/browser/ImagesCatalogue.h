@@ -16,6 +16,8 @@ public:
 
     // Forgets the icons of media, whose nodes are gone.
     void OublierMedias() { medias_.clear(); }
+    // The same of one media, whose icon is another now.
+    void OublierMedia(int32_t noeud) { medias_.remove(noeud); }
 
 private:
     const IconesExtensions& extensions_;

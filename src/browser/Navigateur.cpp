@@ -80,3 +80,10 @@ bool Navigateur::Descendre(int32_t rang)
     arbre.Selectionner(noeud);
     return true;
 }
+
+void Navigateur::RenommerNoeud(int32_t noeud, std::string_view texte)
+{
+    arbre.Renommer(noeud, texte);
+    if (arbre[noeud].cle == arbre.Tag())
+        MontrerTitre();
+}

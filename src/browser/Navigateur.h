@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "browser/LectureListeFichiers.h"
 #include "catalogue/ArbreCatalogue.h"
@@ -36,6 +37,9 @@ public:
     // Selects the tree node of a directory item, to be read next. False when it is no directory, or the tree has no
     // such node.
     bool Descendre(int32_t rang);
+
+    // The node's new name, in the tree and, while it is shown, in the title.
+    void RenommerNoeud(int32_t noeud, std::string_view texte);
 
 private:
     void ColorerMedia(int32_t noeud, uint32_t couleur);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include <QFontDatabase>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHeaderView>
@@ -14,11 +13,15 @@
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QToolButton>
 #include <QTreeView>
 
+#include "browser/CadrePhoto.h"
 #include "browser/ModeleArbre.h"
 #include "browser/ModeleListe.h"
 #include "fenetres/DelegueGrille.h"
+#include "fenetres/PoliceEgale.h"
+#include "fenetres/TexteLong.h"
 
 namespace {
 
@@ -42,7 +45,13 @@ PanneauxVue::PanneauxVue(QMainWindow& fenetre, ModeleArbre& modeleArbre, ModeleL
 
     horizontal = new QSplitter(Qt::Vertical);
     horizontal->addWidget(liste);
-    horizontal->addWidget(description);
+    auto* bas = new QWidget;
+    auto* rangee = new QHBoxLayout(bas);
+    rangee->setContentsMargins(0, 0, 0, 0);
+    rangee->setSpacing(2);
+    rangee->addWidget(CreerPhoto());
+    rangee->addWidget(description, 1);
+    horizontal->addWidget(bas);
     horizontal->setStretchFactor(0, 1);
     auto* droite = new QWidget;
     auto* colonne = new QVBoxLayout(droite);
@@ -62,7 +71,9 @@ PanneauxVue::PanneauxVue(QMainWindow& fenetre, ModeleArbre& modeleArbre, ModeleL
     CreerStatut(fenetre);
     QWidget::setTabOrder(arbre, rapport);
     QWidget::setTabOrder(rapport, icones);
-    QWidget::setTabOrder(icones, description);
+    QWidget::setTabOrder(icones, modifDesc[0]);
+    QWidget::setTabOrder(modifDesc[0], modifDesc[1]);
+    QWidget::setTabOrder(modifDesc[1], description);
 }
 
 void PanneauxVue::CreerArbre(ModeleArbre& modele)
@@ -110,12 +121,41 @@ void PanneauxVue::CreerDescription()
     description->setObjectName("description");
     description->setReadOnly(true);
     description->setTabChangesFocus(true);
-    // Texts from files come in columns and drawings; the letters keep the size of all others.
-    QFont egale = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    egale.setPointSizeF(QFontInfo(description->font()).pointSizeF());
-    description->setFont(egale);
+    description->setFont(PoliceEgale(description->font()));
+    description->setContextMenuPolicy(Qt::CustomContextMenu);
+    texte = new TexteLong(*description);
     description->setAccessibleName("Description");
     description->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+// Seen while there is a picture: its frame, and below it what can be done.
+QWidget* PanneauxVue::CreerPhoto()
+{
+    photo = new CadrePhoto;
+    photo->setObjectName("PhotoPic");
+    photo->setAccessibleName("Image");
+    auto* boutons = new QHBoxLayout;
+    const struct {
+        const char *texte, *bulle;
+    } textes[] = {{"Modifier", " Modifier les descriptions "}, {"Supprimer", " Supprimer l'image "}};
+    for (size_t i = 0; i < modifDesc.size(); ++i) {
+        modifDesc[i] = new QToolButton;
+        modifDesc[i]->setObjectName(QString("ModifDesc %1").arg(i));
+        modifDesc[i]->setText(textes[i].texte);
+        modifDesc[i]->setToolTip(textes[i].bulle);
+        modifDesc[i]->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
+        modifDesc[i]->setFocusPolicy(Qt::StrongFocus);
+        boutons->addWidget(modifDesc[i]);
+    }
+    frPhoto = new QWidget;
+    frPhoto->setObjectName("FrPhoto");
+    auto* mise = new QVBoxLayout(frPhoto);
+    mise->setContentsMargins(0, 0, 0, 0);
+    mise->addWidget(photo, 0, Qt::AlignHCenter);
+    mise->addLayout(boutons);
+    mise->addStretch(1);
+    frPhoto->hide();
+    return frPhoto;
 }
 
 QFrame* PanneauxVue::CreerBandeau()

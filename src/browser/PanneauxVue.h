@@ -1,5 +1,8 @@
 #pragma once
 
+#include <array>
+
+class CadrePhoto;
 class DelegueGrille;
 class ModeleArbre;
 class ModeleListe;
@@ -12,13 +15,16 @@ class QPlainTextEdit;
 class QProgressBar;
 class QSplitter;
 class QStackedWidget;
+class QToolButton;
 class QTreeView;
+class QWidget;
+class TexteLong;
 
 // The ways to show the list, as the settings number them.
 enum Affichage { GrandesIcones, PetitesIcones, EnListe, Rapport };
 
-// The widgets of the browser window, laid out: the tree on the left; on the right a title strip, the list and the
-// description. They belong to the window.
+// The widgets of the browser window, laid out: the tree on the left; on the right a title strip, the list, and the
+// picture and text of the description. They belong to the window.
 struct PanneauxVue {
     PanneauxVue(QMainWindow& fenetre, ModeleArbre& modeleArbre, ModeleListe& modeleListe);
 
@@ -32,6 +38,10 @@ struct PanneauxVue {
     QListView* icones;
     QStackedWidget* liste;
     QPlainTextEdit* description;
+    TexteLong* texte;  // fills it
+    QWidget* frPhoto;
+    CadrePhoto* photo;
+    std::array<QToolButton*, 2> modifDesc;  // edit, remove the picture
     QLabel* iconeTitre;
     QLabel* titre;
     QLabel* commentaire;
@@ -43,6 +53,7 @@ private:
     void CreerArbre(ModeleArbre& modele);
     void CreerListe(ModeleListe& modele);
     void CreerDescription();
+    QWidget* CreerPhoto();
     QFrame* CreerBandeau();
     void CreerStatut(QMainWindow& fenetre);
 };

@@ -1,6 +1,7 @@
 #include "browser/frmView.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 #include <vector>
 
@@ -16,17 +17,23 @@
 #include <QProgressBar>
 #include <QSplitter>
 #include <QToolBar>
+#include <QToolButton>
 #include <QTreeView>
 
+#include "browser/CadrePhoto.h"
 #include "browser/ChargerArbre.h"
 #include "browser/CommandesBase.h"
 #include "browser/OuvrirFichier.h"
+#include "browser/VersAilleurs.h"
 #include "catalogue/Cles.h"
+#include "commun/Formes.h"
 #include "fenetres/DelegueGrille.h"
 #include "fenetres/Place.h"
+#include "fenetres/TexteLong.h"
 #include "fenetres/TextesQt.h"
 #include "fenetres/TravailFenetre.h"
 #include "platform/Bureau.h"
+#include "platform/Chemins.h"
 #include "store/ClesReglages.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
@@ -50,7 +57,8 @@ frmView::frmView(Dialogues& dialogues, ChoixLecteur& choixLecteur, Travail& trav
       modeleArbre_(new ModeleArbre(navigateur_.arbre, images_, this)),
       modeleListe_(new ModeleListe(navigateur_.liste, images_, this)),
       actions_(this),
-      panneaux_(*this, *modeleArbre_, *modeleListe_)
+      panneaux_(*this, *modeleArbre_, *modeleListe_),
+      edition_(*this, dialogues, navigateur_, *modeleArbre_, *modeleListe_, images_)
 {
     setContextMenuPolicy(Qt::NoContextMenu);
     RelireBaseCourante();
@@ -80,9 +88,22 @@ void frmView::CreerMenus()
     actions_.Ajouter(*catalogue, {Rechercher, Imprimer, Preferences});
     catalogue->addSeparator();
     actions_.Ajouter(*catalogue, {Quitter});
-    actions_.Ajouter(*menuBar()->addMenu("&Média"), {AjouterMedia, Prets, ProprietesNoeud});
-    actions_.Ajouter(*menuBar()->addMenu("&Fichier"), {LancerFichier, OuvrirDossier, ProprietesItem});
+    QMenu* media = menuBar()->addMenu("&Média");
+    actions_.Ajouter(*media, {AjouterMedia, ModifierLabel, ModifierIcone, SupprimerMedia});
+    media->addSeparator();
+    actions_.Ajouter(*media, {RechercherMedia, Prets, ProprietesNoeud});
+    QMenu* repertoire = menuBar()->addMenu("&Répertoire");
+    actions_.Ajouter(*repertoire, {RenommerRepertoire, SupprimerRepertoire, RenommerArchive, SupprimerArchive});
+    repertoire->addSeparator();
+    actions_.Ajouter(*repertoire, {DecrireNoeud});
+    QMenu* fichier = menuBar()->addMenu("&Fichier");
+    actions_.Ajouter(*fichier, {LancerFichier, OuvrirDossier});
+    fichier->addSeparator();
+    actions_.Ajouter(*fichier, {RenommerItem, RetirerItem, DecrireItem});
+    fichier->addSeparator();
+    actions_.Ajouter(*fichier, {ProprietesItem});
     menuBar()->addMenu("&Affichage")->addActions(actions_.Affichages()->actions());
+    actions_.Ajouter(*menuBar()->addMenu("Ai&de"), {Aide});
 
     QToolBar* barre = addToolBar("Barre d'outils");
     barre->setObjectName("Menu");
@@ -92,7 +113,7 @@ void frmView::CreerMenus()
     barre->addSeparator();
     actions_.Ajouter(*barre, {CreerCatalogue, OuvrirCatalogue, RetirerCatalogue});
     barre->addSeparator();
-    actions_.Ajouter(*barre, {Rechercher, Imprimer, Preferences});
+    actions_.Ajouter(*barre, {Rechercher, Imprimer, Preferences, Aide});
 }
 
 void frmView::Relier()
@@ -133,6 +154,11 @@ void frmView::Relier()
                     itemAMontrer_.start();
             });
     connect(panneaux_.rapport->header(), &QHeaderView::sectionClicked, this, &frmView::TrierColonne);
+    connect(panneaux_.description, &QWidget::customContextMenuRequested, this, &frmView::MenuDescription);
+    connect(panneaux_.photo, &CadrePhoto::lue, panneaux_.frPhoto, &QWidget::setVisible);
+    connect(panneaux_.modifDesc[0], &QToolButton::clicked, this,
+            [this] { Editer(navigateur_.descriptionDeNoeud ? Commande::DecrireNoeud : Commande::DecrireItem); });
+    connect(panneaux_.modifDesc[1], &QToolButton::clicked, this, &frmView::SupprimerPhoto);
     for (const auto& [separateur, cle] :
          {std::pair{panneaux_.vertical, ClePicSplitterLeft}, std::pair{panneaux_.horizontal, ClePicSplitterTop}})
         connect(separateur, &QSplitter::splitterMoved, this,
@@ -360,8 +386,18 @@ void frmView::MontrerNavigateur()
 {
     panneaux_.titre->setText(QString::fromStdString(navigateur_.titre));
     panneaux_.commentaire->setText(QString::fromStdString(navigateur_.statut));
-    panneaux_.description->setPlainText(EnLignes(navigateur_.description.texte));
+    panneaux_.texte->Montrer(EnLignes(navigateur_.description.texte));
     MontrerTitreIcone();
+    MontrerPhoto();
+}
+
+// The frame stays as it is until it is known whether a file stands at the path.
+void frmView::MontrerPhoto()
+{
+    const std::string_view chemin = Trim(navigateur_.description.photo);
+    if (chemin.empty())
+        panneaux_.frPhoto->hide();
+    panneaux_.photo->Montrer(std::string(chemin));
 }
 
 void frmView::MontrerTitreIcone()
@@ -375,10 +411,17 @@ void frmView::MontrerTitreIcone()
     panneaux_.iconeTitre->setPixmap(icone.pixmap(cote, cote));
 }
 
-void frmView::Activer()
+// Place of the item that is selected in the list; -1 when there is none.
+int frmView::RangChoisi() const
 {
     const QModelIndex index = panneaux_.VueListe()->currentIndex();
-    const ItemListe item = index.isValid() ? navigateur_.liste[index.row()] : ItemListe();
+    return index.isValid() ? index.row() : -1;
+}
+
+void frmView::Activer()
+{
+    const int rang = RangChoisi();
+    const ItemListe item = rang < 0 ? ItemListe() : navigateur_.liste[rang];
     ContexteCommandes contexte = Contexte(navigateur_.arbre, item.cle, item.EstRepertoire());
     contexte.occupe = enChargement_;
     actions_.Activer(contexte);
@@ -397,14 +440,66 @@ void frmView::Executer(Commande commande)
         case Commande::AjouterMedia: emit ajoutVoulu(); break;
         case Commande::LancerFichier: Lancer(false); break;
         case Commande::OuvrirDossier: Lancer(true); break;
-        case Commande::Rechercher: emit rechercheVoulue(); break;
+        case Commande::Rechercher: Btn_recherche(); break;
+        case Commande::RechercherMedia:
+            travail_.Executer(Place::Commande, [this] {
+                const int32_t media = navigateur_.arbre.Media(navigateur_.arbre.Selection());
+                if (media == ArbreCatalogue::Aucun)
+                    return;
+                PreparerRechercheMedia(AnalyserCle(navigateur_.arbre[media].cle).catalogue);
+                Btn_recherche();
+            });
+            break;
+        case Commande::Aide:
+            if (const std::string chemin =
+                    CheminAide({DossierProgramme(), QCoreApplication::applicationDirPath().toStdString()});
+                !chemin.empty())
+                OuvrirAvecBureau(chemin);
+            break;
         case Commande::Prets: emit pretsVoulus(); break;
         case Commande::ProprietesNoeud: ShowPropriete("Tv"); break;
         case Commande::ProprietesItem: ShowPropriete("Lv"); break;
         case Commande::Imprimer: emit impressionVoulue(); break;
         case Commande::Preferences: emit preferencesVoulues(); break;
         case Commande::Quitter: emit sortieVoulue(); break;
+        default: Editer(commande); break;
     }
+}
+
+void frmView::Btn_recherche()
+{
+    emit rechercheVoulue();
+}
+
+// What is selected when it comes to it counts: the command may have waited behind other work.
+void frmView::Editer(Commande commande)
+{
+    Modifier([this, commande] {
+        Activer();
+        return actions_[commande]->isEnabled() ? edition_.Executer(commande, RangChoisi()) : EditionVue::Rien;
+    });
+}
+
+void frmView::SupprimerPhoto()
+{
+    Modifier([this] { return edition_.SupprimerPhoto(RangChoisi()); });
+}
+
+void frmView::Modifier(const std::function<EditionVue::Suite()>& modifier)
+{
+    travail_.Executer(Place::Commande, [this, modifier] {
+        selectionProgrammee_ = true;  // the view that loses a node selects another one, of its own choice
+        const EditionVue::Suite suite = modifier();
+        selectionProgrammee_ = false;
+        if (suite == EditionVue::Rien)
+            return;
+        if (suite == EditionVue::Suivre) {
+            SelectionnerNoeud();
+            tvTreeView_Click();
+        }
+        MontrerNavigateur();
+        Activer();
+    });
 }
 
 // A switch waits for the work that runs; what only reads is stopped for it.
@@ -500,15 +595,16 @@ void frmView::Lancer(bool dossier)
 void frmView::MenuArbre(const QPoint& place)
 {
     using enum Commande;
-    const int32_t noeud = ModeleArbre::Noeud(panneaux_.arbre->indexAt(place));
-    if (noeud == ArbreCatalogue::Aucun)
-        return;
+    Activer();
     QMenu menu(this);
-    if (navigateur_.arbre.EstMedia(noeud))
-        actions_.Ajouter(menu, {AjouterMedia});
-    else if (navigateur_.arbre[noeud].niveau == 1)
-        actions_.Ajouter(menu, {CreerCatalogue, OuvrirCatalogue, DupliquerCatalogue, SupprimerCatalogue});
-    actions_.Ajouter(menu, {ProprietesNoeud});
+    menu.setObjectName("MnuRepert");
+    actions_.Ajouter(menu, {CreerCatalogue, OuvrirCatalogue, DupliquerCatalogue, SupprimerCatalogue});
+    menu.addSeparator();
+    actions_.Ajouter(menu, {AjouterMedia, ModifierLabel, ModifierIcone, SupprimerMedia});
+    menu.addSeparator();
+    actions_.Ajouter(menu, {RenommerRepertoire, SupprimerRepertoire, RenommerArchive, SupprimerArchive, DecrireNoeud});
+    menu.addSeparator();
+    actions_.Ajouter(menu, {RechercherMedia, ProprietesNoeud});
     menu.exec(panneaux_.arbre->viewport()->mapToGlobal(place));
 }
 
@@ -516,11 +612,33 @@ void frmView::MenuListe(const QPoint& place)
 {
     using enum Commande;
     Activer();
-    if (!panneaux_.VueListe()->currentIndex().isValid())
+    if (RangChoisi() < 0)
         return;
     QMenu menu(this);
-    actions_.Ajouter(menu, {LancerFichier, OuvrirDossier, ProprietesItem});
+    menu.setObjectName("MnuFile");
+    actions_.Ajouter(menu, {LancerFichier, OuvrirDossier});
+    menu.addSeparator();
+    actions_.Ajouter(menu, {RenommerItem, RetirerItem, DecrireItem});
+    menu.addSeparator();
+    actions_.Ajouter(menu, {ProprietesItem});
     menu.exec(panneaux_.VueListe()->viewport()->mapToGlobal(place));
+}
+
+void frmView::MenuDescription(const QPoint& place)
+{
+    Activer();
+    const bool noeud = navigateur_.descriptionDeNoeud;
+    const Commande commande = noeud ? Commande::DecrireNoeud : Commande::DecrireItem;
+    if (!actions_[commande]->isEnabled())
+        return;
+    QMenu menu(this);
+    menu.setObjectName(noeud ? "MnuDescr" : "MnuDescrLv");
+    actions_.Ajouter(menu, {commande});
+    menu.addSeparator();
+    menu.addAction("&Copier", panneaux_.description, &QPlainTextEdit::copy)
+        ->setEnabled(panneaux_.description->textCursor().hasSelection());
+    menu.addAction("Tout &sélectionner", panneaux_.description, &QPlainTextEdit::selectAll);
+    menu.exec(panneaux_.description->viewport()->mapToGlobal(place));
 }
 
 void frmView::closeEvent(QCloseEvent* evenement)
@@ -540,12 +658,33 @@ void frmView::changeEvent(QEvent* evenement)
 
 bool frmView::eventFilter(QObject* objet, QEvent* evenement)
 {
-    if (evenement->type() == QEvent::KeyPress && objet != panneaux_.arbre) {
-        const int touche = static_cast<QKeyEvent*>(evenement)->key();
-        if (touche == Qt::Key_Return || touche == Qt::Key_Enter) {
-            OuvrirItem();
-            return true;
+    if (evenement->type() == QEvent::KeyPress && Touche(objet, static_cast<QKeyEvent*>(evenement)->key()))
+        return true;
+    return QMainWindow::eventFilter(objet, evenement);
+}
+
+// Of the tree and the list: Enter opens an item, F2 renames and Delete deletes what is selected.
+bool frmView::Touche(QObject* vue, int touche)
+{
+    using enum Commande;
+    const bool liste = vue != panneaux_.arbre;
+    if (liste && (touche == Qt::Key_Return || touche == Qt::Key_Enter)) {
+        OuvrirItem();
+        return true;
+    }
+    if (touche != Qt::Key_F2 && touche != Qt::Key_Delete)
+        return false;
+    Activer();
+    const auto possibles = touche == Qt::Key_F2
+                               ? std::array{ModifierLabel, RenommerRepertoire, RenommerArchive, RenommerItem}
+                               : std::array{SupprimerMedia, SupprimerRepertoire, SupprimerArchive, RetirerItem};
+    const bool media = navigateur_.arbre.EstMedia(navigateur_.arbre.Selection());
+    for (const Commande commande : possibles) {
+        const bool delItem = commande == possibles.back(), duMedia = commande == possibles.front();
+        if (delItem == liste && (liste || duMedia == media) && actions_[commande]->isEnabled()) {
+            Editer(commande);
+            break;
         }
     }
-    return QMainWindow::eventFilter(objet, evenement);
+    return true;
 }

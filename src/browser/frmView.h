@@ -11,6 +11,7 @@
 #include <QTimer>
 
 #include "browser/ActionsVue.h"
+#include "browser/EditionVue.h"
 #include "browser/ImagesCatalogue.h"
 #include "browser/ModeleArbre.h"
 #include "browser/ModeleListe.h"
@@ -54,6 +55,8 @@ public:
 
     // Changes between the pieces of work only.
     const ArbreCatalogue& Arbre() const { return navigateur_.arbre; }
+    // Hands this window's place over to the search.
+    void Btn_recherche();
 
     // What the preferences change in this window.
     void RelireOptions();
@@ -84,18 +87,23 @@ private:
     void LireReglages();
 
     void Executer(Commande commande);
+    void Editer(Commande commande);
+    void SupprimerPhoto();
+    void Modifier(const std::function<EditionVue::Suite()>& modifier);
     void ChangerDeBase(const std::function<bool()>& changer);
     void MontrerBase();
 
     void Montrer(Lecture& lecture);
     void MontrerNavigateur();
     void MontrerTitreIcone();
+    void MontrerPhoto();
     void ViderNavigateur();
     void AtteindreItem(std::string_view cle);
     void SelectionnerNoeud();
     void Occuper(bool occupe);
     void Suivre();
     void Activer();
+    int RangChoisi() const;
 
     void ChoisirAffichage(int mode);
     void TrierColonne(int colonne);
@@ -103,6 +111,8 @@ private:
     void Lancer(bool dossier);
     void MenuArbre(const QPoint& place);
     void MenuListe(const QPoint& place);
+    void MenuDescription(const QPoint& place);
+    bool Touche(QObject* vue, int touche);
 
     Dialogues& dialogues_;
     ChoixLecteur& choixLecteur_;
@@ -116,6 +126,7 @@ private:
     ModeleListe* modeleListe_;
     ActionsVue actions_;
     PanneauxVue panneaux_;
+    EditionVue edition_;
 
     bool enChargement_ = false;
     bool selectionProgrammee_ = false;

@@ -7,6 +7,8 @@ namespace {
 // The first of two selects that has a row, the second one otherwise.
 Recordset NomOuAlias(Base& base, const std::string& debut, std::string_view nom)
 {
+    if (!NomDemandable(nom))
+        return {};
     const std::string fin = std::string(nom) + "' order by nom asc";
     Recordset lignes = base.OpenRecordset(debut + " and Nom = '" + fin);
     return lignes.Eof() ? base.OpenRecordset(debut + " and Alias = '" + fin) : std::move(lignes);
@@ -22,6 +24,12 @@ std::string Texte(std::string_view morceau)
 int64_t NombreDeLignes(Base& base)
 {
     return base.OpenRecordset("select count(*) as n from Liste").Entier("n");
+}
+
+// Most such names would make the statement fail; one that disc or user has chosen with care would make it another.
+bool NomDemandable(std::string_view nom)
+{
+    return nom.find('\'') == std::string_view::npos;
 }
 
 Recordset LignesContenu(Base& base, const CleNoeud& noeud)
@@ -87,6 +95,8 @@ Recordset LigneNumero(Base& base, std::string_view numero)
 
 Recordset LigneNumero(Base& base, std::string_view numero, std::string_view media, std::string_view nom)
 {
+    if (!NomDemandable(nom))
+        return {};
     const std::string fin = std::string(nom) + "' order by nom asc";
     Recordset lignes = base.OpenRecordset("Select * from Liste where Num= " + Texte(numero) +
                                           " and NCatalogue = " + Texte(media) + " and Nom = '" + fin);

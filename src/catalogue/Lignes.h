@@ -23,6 +23,9 @@ Recordset LigneRacine(Base& base, std::string_view media);
 // The directories of a media by their codes: what its tree can be made of when it has no text of it.
 Recordset LignesRepertoires(Base& base, int64_t media);
 
+// A name with a "'" is asked for in vain.
+bool NomDemandable(std::string_view nom);
+
 // The row of a node below a media: by the directory that holds it and its name, else by its alias.
 Recordset TrouverLigne(Base& base, const ArbreCatalogue& arbre, int32_t noeud);
 // The row behind a node of any kind, the media's top directory among them; none for the root.

@@ -37,6 +37,15 @@ Recordset LireMedia(Base& base, std::string_view numero)
     return base.OpenRecordset("Select * from Catalogue where  Num =  " + std::string(numero) + " order by  Label asc");
 }
 
+int RangParLabel(Base& base, std::string_view numero)
+{
+    int rang = 0;
+    for (Recordset medias = TousLesMedias(base); !medias.Eof(); medias.MoveNext(), ++rang)
+        if (medias.Texte("Num") == numero)
+            return rang;
+    return -1;
+}
+
 Recordset MediaParIdentifiant(Base& base, std::string_view identifiant)
 {
     return base.OpenRecordset("select * from Catalogue where Identifiant = '" + std::string(identifiant) +
@@ -55,15 +64,17 @@ bool EffacerMedia(Base& base, std::string_view numero)
            base.Execute("delete * from Catalogue where Num = " + std::string(numero));
 }
 
-void SupprimerMedia(std::string_view numero, const std::string& chemin)
+bool SupprimerMedia(std::string_view numero, const std::string& chemin)
 {
     if (numero.empty())
-        return;
+        return false;
     Base base = OpenDatabase(chemin);
     Transaction transaction(base);  // does nothing inside another
-    if (EffacerMedia(base, numero))
-        transaction.Valider();
+    bool fait = EffacerMedia(base, numero);
+    if (fait && transaction.Ouverte())
+        fait = transaction.Valider();
     ArreterCourse();
+    return fait;
 }
 
 bool ModifierCatalogue(int64_t numero, bool drapeau, std::string_view arbre, const std::string& chemin)

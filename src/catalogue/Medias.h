@@ -20,6 +20,8 @@ Recordset MediasParLabel(Base& base);
 Recordset MediaListe(Base& base, std::string_view numero);
 // One media, to be read or edited.
 Recordset LireMedia(Base& base, std::string_view numero);
+// Place of a media among all of them by label, from 0; -1 when there is none of this number.
+int RangParLabel(Base& base, std::string_view numero);
 // The media with this identifier or name, in which each "'" must be doubled to be found.
 std::string DoublerApostrophes(std::string_view texte);
 Recordset MediaParIdentifiant(Base& base, std::string_view identifiant);
@@ -29,7 +31,8 @@ Recordset MediaParLabel(Base& base, std::string_view label);
 // transaction.
 bool EffacerMedia(Base& base, std::string_view numero);
 // The same in a transaction of its own, and the run that reads a drive is stopped. Nothing for an empty number.
-void SupprimerMedia(std::string_view numero, const std::string& base = BaseCourante());
+// False when nothing was deleted.
+bool SupprimerMedia(std::string_view numero, const std::string& base = BaseCourante());
 
 // Makes a media visible or not and stores its directory tree; false when nothing could be written.
 bool ModifierCatalogue(int64_t numero, bool drapeau, std::string_view arbre, const std::string& base = BaseCourante());

@@ -18,6 +18,11 @@ public:
     virtual ~Dialogues() = default;
     virtual void Informer(const std::string& texte) = 0;
     virtual bool Demander(const std::string& question, const std::string& titre = "Velourne") = 0;
+    // The same before something is deleted or replaced: Enter alone does not say yes.
+    virtual bool DemanderAvantPerte(const std::string& question, const std::string& titre = "Velourne")
+    {
+        return Demander(question, titre);
+    }
     // Real path; empty when the user gives up.
     virtual std::string ChoisirFichier(const DemandeFichier& demande) = 0;
     virtual std::string ChoisirDossier(const std::string& titre) = 0;

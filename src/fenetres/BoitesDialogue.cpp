@@ -6,6 +6,23 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+namespace {
+
+bool OuiOuNon(const std::string& question, const std::string& titre, bool ouiParDefaut)
+{
+    QMessageBox boite(QMessageBox::Question, QString::fromStdString(titre), QString::fromStdString(question),
+                      QMessageBox::NoButton, QApplication::activeWindow());
+    boite.setTextFormat(Qt::PlainText);
+    QPushButton* oui = boite.addButton("&Oui", QMessageBox::YesRole);
+    QPushButton* non = boite.addButton("&Non", QMessageBox::NoRole);
+    boite.setDefaultButton(ouiParDefaut ? oui : non);
+    boite.setEscapeButton(non);
+    boite.exec();
+    return boite.clickedButton() == oui;
+}
+
+}  // namespace
+
 void BoitesDialogue::Informer(const std::string& texte)
 {
     QMessageBox boite(QMessageBox::Information, "Velourne", QString::fromStdString(texte), QMessageBox::NoButton,
@@ -17,15 +34,12 @@ void BoitesDialogue::Informer(const std::string& texte)
 
 bool BoitesDialogue::Demander(const std::string& question, const std::string& titre)
 {
-    QMessageBox boite(QMessageBox::Question, QString::fromStdString(titre), QString::fromStdString(question),
-                      QMessageBox::NoButton, QApplication::activeWindow());
-    boite.setTextFormat(Qt::PlainText);
-    QPushButton* oui = boite.addButton("&Oui", QMessageBox::YesRole);
-    QPushButton* non = boite.addButton("&Non", QMessageBox::NoRole);
-    boite.setDefaultButton(oui);
-    boite.setEscapeButton(non);
-    boite.exec();
-    return boite.clickedButton() == oui;
+    return OuiOuNon(question, titre, true);
+}
+
+bool BoitesDialogue::DemanderAvantPerte(const std::string& question, const std::string& titre)
+{
+    return OuiOuNon(question, titre, false);
 }
 
 std::string BoitesDialogue::ChoisirFichier(const DemandeFichier& demande)

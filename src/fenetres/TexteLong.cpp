@@ -1,0 +1,90 @@
+#include "fenetres/TexteLong.h"
+
+#include <algorithm>
+
+#include <QPlainTextEdit>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+
+namespace {
+
+constexpr qsizetype Bouchee = 100'000, LigneMaximale = 4'000;
+constexpr int SuiteDeLigne = 1;  // state of a block that goes on with the line of the one before
+
+}  // namespace
+
+TexteLong::TexteLong(QPlainTextEdit& boite) : QObject(&boite), boite_(boite), lectureSeule_(boite.isReadOnly())
+{
+    suite_.setInterval(0);
+    suite_.callOnTimeout(this, &TexteLong::Ajouter);
+}
+
+void TexteLong::Montrer(const QString& texte)
+{
+    if (texte == texte_ && (place_ < texte_.size() || !boite_.document()->isModified()))
+        return;
+    texte_ = texte;
+    place_ = 0;
+    boite_.document()->setUndoRedoEnabled(false);
+    boite_.setReadOnly(true);
+    boite_.setPlainText({});
+    Ajouter();
+    boite_.moveCursor(QTextCursor::Start);
+    if (place_ < texte_.size())
+        suite_.start();
+}
+
+void TexteLong::Finir()
+{
+    while (place_ < texte_.size())
+        Ajouter();
+}
+
+// Up to the end of a line, where that is near; lines too long for one block go on in the next.
+void TexteLong::Ajouter()
+{
+    QTextCursor curseur(boite_.document());
+    curseur.movePosition(QTextCursor::End);
+    curseur.beginEditBlock();
+    const qsizetype fin = std::min(texte_.size(), place_ + Bouchee);
+    while (place_ < fin) {
+        const qsizetype saut = texte_.indexOf('\n', place_);
+        const qsizetype ligne = saut < 0 ? texte_.size() : saut;
+        qsizetype morceau = std::min(ligne, place_ + LigneMaximale);
+        if (morceau < ligne && texte_[morceau].isLowSurrogate())
+            --morceau;
+        curseur.insertText(texte_.mid(place_, morceau - place_));
+        place_ = morceau;
+        if (morceau < ligne) {
+            curseur.insertBlock();
+            curseur.block().setUserState(SuiteDeLigne);
+        } else if (saut >= 0) {
+            curseur.insertBlock();
+            curseur.block().setUserState(-1);
+            ++place_;
+        }
+    }
+    curseur.endEditBlock();
+    if (place_ < texte_.size())
+        return;
+    suite_.stop();
+    boite_.setReadOnly(lectureSeule_);
+    boite_.document()->setUndoRedoEnabled(true);
+    boite_.document()->setModified(false);
+}
+
+// Not by toPlainText: it makes blanks of the blanks that must not be broken.
+QString TexteLong::Lire()
+{
+    Finir();
+    if (!boite_.document()->isModified())
+        return texte_;
+    QString texte;
+    for (QTextBlock bloc = boite_.document()->begin(); bloc.isValid(); bloc = bloc.next()) {
+        if (bloc.blockNumber() > 0 && bloc.userState() != SuiteDeLigne)
+            texte += '\n';
+        texte += bloc.text();
+    }
+    return texte;
+}
