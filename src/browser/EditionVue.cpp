@@ -165,6 +165,7 @@ EditionVue::Suite EditionVue::SupprimerNoeud(const char* question)
     return Suivre;
 }
 
+// Asks in the words for directories: kept, particularité 59.
 EditionVue::Suite EditionVue::RenommerItem(int32_t rang)
 {
     ArbreCatalogue& arbre = navigateur_.arbre;

@@ -471,6 +471,11 @@ void frmView::Btn_recherche()
     emit rechercheVoulue();
 }
 
+void frmView::Decrire(bool noeud)
+{
+    Editer(noeud ? Commande::DecrireNoeud : Commande::DecrireItem);
+}
+
 // What is selected when it comes to it counts: the command may have waited behind other work.
 void frmView::Editer(Commande commande)
 {
@@ -562,14 +567,14 @@ void frmView::ShowPropriete(std::string_view genre)
 {
     if (genre == "Tv") {
         if (!navigateur_.arbre.CleSelection().empty())
-            emit proprietesVoulues(std::string(navigateur_.arbre.CleSelection()), false);
+            emit proprietesVoulues(std::string(navigateur_.arbre.CleSelection()), false, true);
         return;
     }
     const QModelIndex index = panneaux_.VueListe()->currentIndex();
     if (!index.isValid())
         return;
     const ItemListe item = navigateur_.liste[index.row()];
-    emit proprietesVoulues(std::string(item.cle), !item.EstRepertoire());
+    emit proprietesVoulues(std::string(item.cle), !item.EstRepertoire(), false);
 }
 
 void frmView::ChangerCouleurs(const std::vector<int64_t>& medias, uint32_t avant, uint32_t apres)

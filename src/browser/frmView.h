@@ -55,6 +55,8 @@ public:
 
     // Changes between the pieces of work only.
     const ArbreCatalogue& Arbre() const { return navigateur_.arbre; }
+    // Opens the editor of the selected node's or item's description.
+    void Decrire(bool noeud);
     // Hands this window's place over to the search.
     void Btn_recherche();
 
@@ -70,8 +72,8 @@ signals:
     void preferencesVoulues();
     void pretsVoulus();
     // By the key of a node or an item; `fichier`: of an item that is no directory.
-    void proprietesVoulues(const std::string& cle, bool fichier);
-    void sortieVoulue();     // the user wants to end the program
+    void proprietesVoulues(const std::string& cle, bool fichier, bool noeud);  // of the tree's node or the list's item
+    void sortieVoulue();                                                       // the user wants to end the program
     void fermetureVoulue();  // the window is to be closed; it stays until somebody hides it
     void chargement(double part);
     void charge();

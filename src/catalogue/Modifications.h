@@ -26,7 +26,7 @@ int64_t NumeroDeLItem(const ItemListe& item);
 bool RenommerAlias(int64_t numero, std::string_view texte, const ArbreCatalogue& arbre, int64_t media);
 
 // Deletes the one row of a directory or archive; the rows inside and the folder tree stay: kept, particularité
-// Xmodifs1. True also when the row is gone already: the node or item should then go too.
+// 58. True also when the row is gone already: the node or item should then go too.
 bool SupprimerNoeud(const ArbreCatalogue& arbre, int32_t noeud);
 bool SupprimerItem(const ItemListe& item);
 

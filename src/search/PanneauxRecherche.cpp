@@ -152,9 +152,9 @@ QWidget* PanneauxRecherche::CreerPage(int onglet)
     auto* grille = new QGridLayout(page);
     grille->setContentsMargins(0, 0, 0, 0);
     grille->setColumnStretch(1, 1);
-    QLineEdit* saisie = CreerSaisie(onglet);
-    grille->addWidget(CreerLibelle("&Mot :", saisie), 0, 0);
-    grille->addWidget(saisie, 0, 1);
+    QLineEdit* boite = CreerSaisie(onglet);
+    grille->addWidget(CreerLibelle("&Mot :", boite), 0, 0);
+    grille->addWidget(boite, 0, 1);
     if (onglet == RechercheIdentifiant) {
         lIdent = CreerChoix("LIdent", "Identifiant du média");
         grille->addWidget(CreerLibelle("Identi&fiant :", lIdent), 1, 0);

@@ -182,9 +182,10 @@ void Fenetres::OuvrirPrets()
     FrmPret(dialogues_, travail_, vue_.get()).exec();
 }
 
-void Fenetres::OuvrirProprietes(const std::string& cle, bool fichier)
+void Fenetres::OuvrirProprietes(const std::string& cle, bool fichier, bool noeud)
 {
     FrmPropriete fenetre(dialogues_, travail_, SujetDeCle(cle, fichier), vue_.get());
+    fenetre.OffrirDescriptions([this, noeud] { vue_->Decrire(noeud); });
     connect(&fenetre, &FrmPropriete::couleursChangees, vue_.get(), &frmView::ChangerCouleurs);
     fenetre.exec();
 }
@@ -224,8 +225,8 @@ void Fenetres::Quitter(QWidget* devant)
         impression_->Memoriser();
     if (assistant_ && assistant_->isVisible())
         assistant_->Memoriser();
-    for (const Place place : {Place::Arbre, Place::Liste, Place::Tri, Place::Recherche, Place::TriResultats,
-                              Place::Listing})
+    for (const Place place :
+         {Place::Arbre, Place::Liste, Place::Tri, Place::Recherche, Place::TriResultats, Place::Listing})
         travail_.Arreter(place);
     attente_.Montrer("Velourne est en cours de fermeture ... ", devant);
     travail_.Demander(

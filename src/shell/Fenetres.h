@@ -51,7 +51,7 @@ private:
     void OuvrirImpression();
     void OuvrirPreferences();
     void OuvrirPrets();
-    void OuvrirProprietes(const std::string& cle, bool fichier);
+    void OuvrirProprietes(const std::string& cle, bool fichier, bool noeud);
     void Atteindre(const struct ItemListe& resultat);
     void FermerAssistant();
     void FermerVue();
