@@ -16,6 +16,7 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <system_error>
 
 #include <fmt/format.h>
@@ -150,6 +151,10 @@ using Appareil = std::unique_ptr<udev_device, decltype(&udev_device_unref)>;
 
 Empreinte EmpreinteUdev(dev_t numero)
 {
+    // The library makes tables of its own at the first use, for one thread at a time. It reads a database and never waits
+    // for a drive.
+    static std::mutex verrou;
+    const std::lock_guard garde(verrou);
     const Udev contexte(udev_new(), &udev_unref);
     if (!contexte)
         return {};

@@ -210,7 +210,7 @@ bool Connexion::Ouvrir(const std::string& chemin)
         (examen == Examen::Illisible && !FichierExiste(chemin + "-journal")))
         return false;
 
-    const int modes = SQLITE_OPEN_READWRITE | SQLITE_OPEN_FULLMUTEX;
+    const int modes = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
     if (sqlite3_open_v2(chemin.c_str(), &db, modes, nullptr) != SQLITE_OK || sqlite3_db_readonly(db, "main") != 0)
         return false;
     sqlite3_db_config(db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);

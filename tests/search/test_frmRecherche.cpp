@@ -369,8 +369,10 @@ TEST_F(FenetreRecherche, InfobulleSuitEtSEfface)
     QEvent sortie(QEvent::Leave);
     QApplication::sendEvent(Infobulle(), &sortie);
     EXPECT_TRUE(minuterie->isActive());
+    const int duree = minuterie->interval();
     minuterie->start(1);
     EXPECT_TRUE(Attendre([&] { return !Infobulle()->isVisible(); }));
+    minuterie->setInterval(duree);
 
     SaveSetting(SectionSettings, "OptionsDivers 3", "0");
     Cliquer(1);
