@@ -480,11 +480,13 @@ void frmRecherche::resizeEvent(QResizeEvent* evenement)
 bool frmRecherche::eventFilter(QObject* objet, QEvent* evenement)
 {
     const QEvent::Type type = evenement->type();
-    const QWidget* surface = panneaux_.lvListView->viewport();
     if (type == QEvent::KeyPress)
         return Touche(objet, static_cast<QKeyEvent*>(evenement)->key()) || QMainWindow::eventFilter(objet, evenement);
-    if (type == QEvent::MouseMove && objet == surface && panneaux_.infobulle->isVisible())
-        panneaux_.infobulle->Suivre(surface->mapTo(this, static_cast<QMouseEvent*>(evenement)->position().toPoint()));
+    // The panes are touched for these kinds only: closing sends others while they are being deleted.
+    if (type == QEvent::MouseMove && objet == panneaux_.lvListView->viewport() && panneaux_.infobulle->isVisible()) {
+        const QPointF souris = static_cast<QMouseEvent*>(evenement)->position();
+        panneaux_.infobulle->Suivre(panneaux_.lvListView->viewport()->mapTo(this, souris.toPoint()));
+    }
     // One tip at a time.
     return (type == QEvent::ToolTip && panneaux_.infobulle->isVisible()) || QMainWindow::eventFilter(objet, evenement);
 }
