@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <deque>
 #include <mutex>
 #include <unordered_set>
 #include <vector>
@@ -50,9 +51,12 @@ public:
 
 private:
     static constexpr uint32_t Aucun = UINT32_MAX;
+    // A state that many characters leave finds its transitions by a table: a list of them is long to walk. No more
+    // than 64 MB of tables.
+    static constexpr uint32_t Beaucoup = 12, PlusTables = 65536;
 
     struct Etat {
-        uint32_t longueur, lien = Aucun, premiere = Aucun;
+        uint32_t longueur, lien = Aucun, premiere = Aucun, table = Aucun, sorties = 0;
     };
     struct Transition {
         uint32_t cible, suivante;
@@ -70,6 +74,10 @@ private:
     {
         if (etat == 0)
             return debut_[c] != 0 ? &debut_[c] : nullptr;
+        if (const uint32_t table = etats_[etat].table; table != Aucun) {
+            const uint32_t f = tables_[table][c];
+            return f != Aucun ? &fleches_[f].cible : nullptr;
+        }
         for (uint32_t f = etats_[etat].premiere; f != Aucun; f = fleches_[f].suivante)
             if (fleches_[f].caractere == c)
                 return &fleches_[f].cible;
@@ -82,12 +90,27 @@ private:
             debut_[c] = cible;
             return;
         }
-        fleches_.push_back({cible, etats_[etat].premiere, c});
-        etats_[etat].premiere = static_cast<uint32_t>(fleches_.size() - 1);
+        Etat& depart = etats_[etat];
+        fleches_.push_back({cible, depart.premiere, c});
+        depart.premiere = static_cast<uint32_t>(fleches_.size() - 1);
+        if (depart.table != Aucun)
+            tables_[depart.table][c] = depart.premiere;
+        else if (++depart.sorties >= Beaucoup && tables_.size() < PlusTables)
+            Dresser(depart);
+    }
+
+    void Dresser(Etat& etat)
+    {
+        etat.table = static_cast<uint32_t>(tables_.size());
+        auto& table = tables_.emplace_back();
+        table.fill(Aucun);
+        for (uint32_t f = etat.premiere; f != Aucun; f = fleches_[f].suivante)
+            table[fleches_[f].caractere] = f;
     }
 
     std::vector<Etat> etats_ = {Etat{0}};
     std::vector<Transition> fleches_;
+    std::deque<std::array<uint32_t, 256>> tables_;  // of a character: its place in `fleches_`
     std::array<uint32_t, 256> debut_{};
     uint32_t dernier_ = 0;
 };

@@ -152,14 +152,18 @@ TEST_F(Cycle, TheExtensionListAnswersAsAPlainSearchWould)
         ASSERT_EQ(AjouterExtension(extension), neuve) << extension << " in " << attendu.size();
         attendu += neuve ? '|' + extension : "";
     };
-    ChargerListeExtensions("");
-    for (int i = 0; i < 4000; ++i) {
-        std::string extension(hasard() % 12, ' ');
-        for (char& c : extension)
-            c = "ab|\xC3"[hasard() % 4];
-        ajouter(extension);
-        if (i == 2000)
-            ChargerListeExtensions(attendu);
+    // Few characters make long repeats, many make many ways on from each part.
+    for (const std::string_view alphabet : {"ab|\xC3", "abcdefghijklmnopqrstuvwxyz|"}) {
+        attendu.clear();
+        ChargerListeExtensions("");
+        for (int i = 0; i < 4000; ++i) {
+            std::string extension(hasard() % (i % 2 == 0 ? 4 : 12), ' ');
+            for (char& c : extension)
+                c = alphabet[hasard() % alphabet.size()];
+            ajouter(extension);
+            if (i == 2000)
+                ChargerListeExtensions(attendu);
+        }
     }
     // A list longer than anyone's: its end is known too, and what lies across the place where the index ends.
     for (int i = 0; attendu.size() < (size_t{2} << 20) + 5000; ++i)
