@@ -6,9 +6,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include "browser/IconeMedia.h"
 #include "browser/MessagesVue.h"
 #include "fenetres/Etiquette.h"
+#include "fenetres/IconeMedia.h"
 #include "fenetres/TextesQt.h"
 #include "platform/OperationsFichiers.h"
 

@@ -1,6 +1,6 @@
 #include "browser/ImagesCatalogue.h"
 
-#include "browser/IconeMedia.h"
+#include "fenetres/IconeMedia.h"
 #include "platform/TypesSysteme.h"
 
 namespace {

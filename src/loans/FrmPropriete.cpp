@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include <QBuffer>
 #include <QComboBox>
-#include <QImageReader>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -22,6 +20,7 @@
 #include "catalogue/OuvrirBase.h"
 #include "commun/Formes.h"
 #include "extraction/bsDrive.h"
+#include "fenetres/IconeMedia.h"
 #include "fenetres/ImagesLecteur.h"
 #include "fenetres/TextesQt.h"
 #include "loans/ChoixCouleur.h"
@@ -32,20 +31,11 @@
 namespace {
 
 constexpr int CoteImage = 32;
-constexpr int CoteMaximal = 512;  // of a picture that passes for an icon
 
 QPixmap ImageDuMedia(const ProprietesMedia& media)
 {
-    if (!media.icone.empty()) {
-        QByteArray octets = QByteArray::fromRawData(media.icone.data(), static_cast<qsizetype>(media.icone.size()));
-        QBuffer tampon(&octets);
-        QImageReader lecteur(&tampon);
-        const QSize taille = lecteur.size();
-        if (taille.isValid() && taille.width() <= CoteMaximal && taille.height() <= CoteMaximal)
-            if (const QImage image = lecteur.read(); !image.isNull())
-                return QPixmap::fromImage(
-                    image.scaled(CoteImage, CoteImage, Qt::KeepAspectRatio, Qt::SmoothTransformation));
-    }
+    if (const QImage image = LireIcone(media.icone, CoteImage); !image.isNull())
+        return QPixmap::fromImage(image.scaled(CoteImage, CoteImage, Qt::KeepAspectRatio, Qt::SmoothTransformation));
     for (uint32_t type = LecteurAmovible; type <= LecteurMemoire; ++type)
         if (media.type == NomTypeLecteur(type))
             return IconeLecteur(type).pixmap(CoteImage, CoteImage);

@@ -3,7 +3,7 @@
 #include <QtEndian>
 
 #include "browser/ChargerImage.h"
-#include "browser/IconeMedia.h"
+#include "fenetres/IconeMedia.h"
 #include "outils/Environnement.h"
 
 namespace {

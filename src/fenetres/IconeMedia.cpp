@@ -1,4 +1,4 @@
-#include "browser/IconeMedia.h"
+#include "fenetres/IconeMedia.h"
 
 #include <algorithm>
 #include <cstdint>
