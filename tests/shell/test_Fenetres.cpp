@@ -140,6 +140,7 @@ TEST_F(Programme, ToutesLesCommandesPendantChaqueTravail)
              ASSERT_TRUE(Attendre([&] { return !assistant->EnConsultation(); }));
              Enfant<QLineEdit>(*assistant, "Identifiant")->setText("abandonné");
              Enfant<QLineEdit>(*assistant, "Label")->setText("abandonné");
+             Calme();  // behind other work the run would begin later, and could not be given up yet
              Enfant<QPushButton>(*assistant, "OK")->click();
              dialogues_.oui = true;  // to the question whether to give it up
              Enfant<QPushButton>(*assistant, "OK")->click();
