@@ -69,6 +69,7 @@ FrmSemiAuto::~FrmSemiAuto()
     questionPosee_ = true;  // nobody is told of the end any more
     course_->Abandonner();
     travail_.Attendre();
+    RetirerMediaAbandonne();
 }
 
 void FrmSemiAuto::Relier()
@@ -311,9 +312,7 @@ void FrmSemiAuto::Terminer()
     suivi_.stop();
     Suivre();
     const bool abandonnee = phase_ == Phase::Finissant || fin_ == FinExtraction::Abandonnee;
-    // The answer came when the last row was already written: the media goes all the same.
-    if (abandonnee && fin_ == FinExtraction::Complete)
-        SupprimerMedia(Str(course_->Media()), course_->CheminBase());
+    RetirerMediaAbandonne();
     unsetCursor();
     if (!abandonnee && fin_ == FinExtraction::Complete)
         Conclure();
@@ -325,6 +324,13 @@ void FrmSemiAuto::Terminer()
     panneaux_.identifiant->setFocus();
     if (fermerEnsuite_)
         close();
+}
+
+// The answer came when the last row was already written: the media goes all the same.
+void FrmSemiAuto::RetirerMediaAbandonne()
+{
+    if (phase_ == Phase::Finissant && fin_ == FinExtraction::Complete)
+        SupprimerMedia(Str(course_->Media()), course_->CheminBase());
 }
 
 void FrmSemiAuto::Conclure()

@@ -56,6 +56,7 @@ private:
     void Abandonner();
     void Suivre();
     void Terminer();
+    void RetirerMediaAbandonne();
     void Conclure();
     void LibelleOK(bool enCours);
     void ActiverOK();
