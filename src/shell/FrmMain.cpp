@@ -2,7 +2,9 @@
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QShortcut>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -63,6 +65,7 @@ FrmMain::FrmMain(QWidget* parent) : QWidget(parent, Qt::Window)
 
     connect(boutons_[0], &QToolButton::clicked, this, &FrmMain::assistantVoulu);
     connect(boutons_[1], &QToolButton::clicked, this, &FrmMain::vueVoulue);
+    connect(new QShortcut(QKeySequence("Ctrl+Q"), this), &QShortcut::activated, this, &QWidget::close);
     Commenter();
     adjustSize();
     PlacerFenetre(*this, CleTopMain, CleLeftMain);
@@ -82,6 +85,18 @@ QToolButton* FrmMain::CreerBouton(const QString& nom, const QString& texte, cons
     bouton->setMinimumSize(190, 150);
     bouton->installEventFilter(this);
     return bouton;
+}
+
+// What the buttons leave: Enter presses the one that the keyboard is on, Escape leaves.
+void FrmMain::keyPressEvent(QKeyEvent* evenement)
+{
+    auto* bouton = qobject_cast<QToolButton*>(focusWidget());
+    if (evenement->key() == Qt::Key_Escape)
+        close();
+    else if (bouton && (evenement->key() == Qt::Key_Return || evenement->key() == Qt::Key_Enter))
+        bouton->click();
+    else
+        QWidget::keyPressEvent(evenement);
 }
 
 bool FrmMain::eventFilter(QObject* objet, QEvent* evenement)

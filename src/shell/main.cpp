@@ -1,32 +1,11 @@
-#include <clocale>
-#include <cstdlib>
-
-#include <QApplication>
-#include <QIcon>
-#include <QLibraryInfo>
-#include <QLocale>
-#include <QTranslator>
-
 #include "fenetres/BoitesDialogue.h"
 #include "platform/Bureau.h"
+#include "shell/Application.h"
 #include "shell/Fenetres.h"
 
 int main(int argc, char** argv)
 {
-    setenv("TZ", ":/etc/localtime", 0);  // the zone as it is, but libc no longer looks for a new one at every date
-    Q_INIT_RESOURCE(velourne);
-    QApplication application(argc, argv);
-    setlocale(LC_NUMERIC, "C");
-    QApplication::setApplicationName("velourne");
-    QApplication::setDesktopFileName("velourne");
-    QApplication::setWindowIcon(QIcon(":/images/velourne.svg"));
-    // Windows hide while another shows; only the exit procedure ends the program.
-    QApplication::setQuitOnLastWindowClosed(false);
-
-    QTranslator francais;
-    if (francais.load(QLocale(QLocale::French), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QApplication::installTranslator(&francais);
-
+    Application application(argc, argv);
     BoitesDialogue dialogues;
     if (!PremiereInstance()) {
         dialogues.Informer(

@@ -1,7 +1,10 @@
 #include "shell/FrmMain.h"
 
+#include <QTest>
+
 #include "browser/frmView.h"
 #include "extraction/FrmSemiAuto.h"
+#include "fenetres/GardienEcran.h"
 #include "outils/Environnement.h"
 #include "outils/Fenetres.h"
 #include "outils/Reponses.h"
@@ -118,6 +121,39 @@ TEST_F(Depart, ExitAsksCompactsAndCleansUp)
     EXPECT_FALSE(FichierExiste(CheminIconeTemporaire()));
     EXPECT_TRUE(FichierExiste(BaseCourante()));
     EXPECT_EQ(fins_, 1);
+}
+
+TEST_F(Depart, KeysOfTheStartWindow)
+{
+    for (const auto& [touche, modificateur] :
+         {std::pair{Qt::Key_Escape, Qt::NoModifier}, {Qt::Key_Q, Qt::ControlModifier}}) {
+        reponse_.dites.clear();
+        QTest::keyClick(fenetre_, touche, modificateur);
+        Calme();
+        EXPECT_EQ(reponse_.dites, std::vector<std::string>(1, "Voulez-vous vraiment quitter Velourne ?")) << touche;
+    }
+    Bouton("Visualiser")->setFocus();
+    QTest::keyClick(Bouton("Visualiser"), Qt::Key_Return);
+    Calme();
+    EXPECT_EQ(fenetres_->FormeCourante(), "FrmView");
+}
+
+// Where a window stands and how large it is, on a screen of 800 x 800.
+TEST_F(Depart, WindowsStayWithinTheScreen)
+{
+    GardienEcran gardien;
+    QApplication::instance()->installEventFilter(&gardien);
+    const QRect libre = QGuiApplication::primaryScreen()->availableGeometry();
+    for (const QRect& place : {QRect(700, 300, 300, 200), QRect(-90, 750, 300, 200), QRect(100, 100, 2000, 300),
+                               QRect(0, 0, 3000, 3000), QRect(40, 50, 300, 200)}) {
+        QWidget fenetre;
+        fenetre.setGeometry(place);
+        fenetre.show();
+        EXPECT_TRUE(libre.contains(fenetre.geometry())) << place.x() << " " << place.width();
+        if (libre.contains(place)) {
+            EXPECT_EQ(fenetre.geometry(), place);
+        }
+    }
 }
 
 TEST_F(Depart, GoesToTheWizardAndTheBrowserAndBack)

@@ -1,0 +1,31 @@
+#include "shell/Application.h"
+
+#include <clocale>
+#include <cstdlib>
+
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QLocale>
+
+namespace {
+
+int& Preparer(int& argc)
+{
+    setenv("TZ", ":/etc/localtime", 0);  // the zone as it is, but libc no longer looks for a new one at every date
+    return argc;
+}
+
+}  // namespace
+
+Application::Application(int& argc, char** argv) : QApplication(Preparer(argc), argv)
+{
+    Q_INIT_RESOURCE(velourne);
+    setlocale(LC_NUMERIC, "C");
+    setApplicationName("velourne");
+    setDesktopFileName("velourne");
+    setWindowIcon(QIcon(":/images/velourne.svg"));
+    setQuitOnLastWindowClosed(false);  // windows hide while another shows
+    if (francais_.load(QLocale(QLocale::French), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        installTranslator(&francais_);
+    installEventFilter(&gardien_);
+}

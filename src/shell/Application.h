@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QApplication>
+#include <QTranslator>
+
+#include "fenetres/GardienEcran.h"
+
+// The desktop application around the windows: its name and pictures, French texts in the library's own windows, and
+// windows that stay within their screen. It ends through the exit procedure only.
+class Application : public QApplication {
+public:
+    Application(int& argc, char** argv);
+
+private:
+    QTranslator francais_;
+    GardienEcran gardien_;
+};
