@@ -65,6 +65,7 @@ FrmMain::FrmMain(QWidget* parent) : QWidget(parent, Qt::Window)
 
     connect(boutons_[0], &QToolButton::clicked, this, &FrmMain::assistantVoulu);
     connect(boutons_[1], &QToolButton::clicked, this, &FrmMain::vueVoulue);
+    boutons_[0]->setFocus();
     connect(new QShortcut(QKeySequence("Ctrl+Q"), this), &QShortcut::activated, this, &QWidget::close);
     Commenter();
     adjustSize();
