@@ -7,6 +7,9 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPixmap>
 #include <QTest>
 #include <QWindow>
@@ -75,6 +78,25 @@ void Conduite::Cliquer(QAbstractItemView& vue, const QModelIndex& index, bool de
     QTest::mouseClick(fenetre->windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
     if (deuxFois)
         QTest::mouseDClick(fenetre->windowHandle(), Qt::LeftButton, Qt::NoModifier, place);
+}
+
+void Conduite::Choisir(const QMainWindow& fenetre, const char* action)
+{
+    const auto cliquer = [](QWidget* cible, const QPoint& place) {
+        QTest::mouseClick(cible->window()->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                          cible->mapTo(cible->window(), place));
+    };
+    QMenuBar* barre = fenetre.menuBar();
+    for (QAction* tete : barre->actions())
+        for (QAction* entree : tete->menu()->actions())
+            if (entree->objectName() == action) {
+                cliquer(barre, barre->actionGeometry(tete).center());
+                if (!Attendre([&] { return tete->menu()->isVisible() && entree->isEnabled(); }))
+                    Echouer(action);
+                cliquer(tete->menu(), tete->menu()->actionGeometry(entree).center());
+                return;
+            }
+    Echouer(action);
 }
 
 void Conduite::Taper(const QString& texte)

@@ -8,6 +8,7 @@
 #include <QWidget>
 
 class QAbstractItemView;
+class QMainWindow;
 class QModelIndex;
 
 // Hands and eyes of the visit: keys and clicks go to the windows the way the desktop sends them, each step waits for what
@@ -26,6 +27,8 @@ public:
 
     static void Cliquer(QWidget& cible);
     static void Cliquer(QAbstractItemView& vue, const QModelIndex& index, bool deuxFois = false);
+    // Clicks on an entry of the menu bar, by the name of its action.
+    static void Choisir(const QMainWindow& fenetre, const char* action);
     static void Taper(const QString& texte);  // into what has the focus
     static void Presser(Qt::Key touche, Qt::KeyboardModifiers avec = Qt::NoModifier);
 

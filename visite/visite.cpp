@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <string_view>
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -15,6 +16,7 @@
 #include "browser/frmView.h"
 #include "extraction/FrmSemiAuto.h"
 #include "fenetres/BoitesDialogue.h"
+#include "listings/frmImpression.h"
 #include "platform/Chemins.h"
 #include "search/frmRecherche.h"
 #include "shell/Application.h"
@@ -60,6 +62,14 @@ public:
         Cataloguer();
         Parcourir();
         Rechercher();
+        for (const auto& [nom, action] : {std::pair{"label", "Repert2 1"},
+                                          {"icone", "Repert2 2"},
+                                          {"proprietes", "PropRepert"},
+                                          {"description", "Fichier2 2"},
+                                          {"prets", "Prets"},
+                                          {"preferences", "Menu 4"}})
+            Regarder(nom, action);
+        Lister();
         main_.Etape(
             "fin",
             [this] {
@@ -163,6 +173,28 @@ private:
             [] { return Fenetre<frmView>() && Liste().currentIndex().data().toString() == "frmView.cpp"; });
     }
 
+    // Has a look at a dialogue and leaves it.
+    void Regarder(const char* nom, const char* action)
+    {
+        bool vu = false;
+        main_.AuProchainDialogue(nom, [&vu](QWidget&) {
+            Conduite::Presser(Qt::Key_Escape);
+            vu = true;
+        });
+        Conduite::Choisir(*Fenetre<frmView>(), action);
+        if (!Conduite::Attendre([&] { return vu && !QApplication::activeModalWidget(); }))
+            Conduite::Echouer(nom);
+    }
+
+    void Lister()
+    {
+        main_.Etape(
+            "listing", [] { Conduite::Choisir(*Fenetre<frmView>(), "Imprimer"); },
+            [] { return Fenetre<frmImpression>() != nullptr; });
+        main_.Etape(
+            "retour", [] { Conduite::Presser(Qt::Key_Escape); }, [] { return Fenetre<frmView>() != nullptr; });
+    }
+
     QString depot_;
     fs::path archive_;  // from the top of the folder
     BoitesDialogue dialogues_;
@@ -171,23 +203,41 @@ private:
     Conduite main_;
 };
 
+// The colours of a dark desktop.
+QPalette Sombre()
+{
+    QPalette couleurs(QColor(49, 54, 59));
+    couleurs.setColor(QPalette::Base, QColor(35, 38, 41));
+    couleurs.setColor(QPalette::AlternateBase, QColor(49, 54, 59));
+    couleurs.setColor(QPalette::Link, QColor(41, 150, 230));
+    couleurs.setColor(QPalette::Highlight, QColor(61, 120, 180));
+    couleurs.setColor(QPalette::ToolTipBase, QColor(49, 54, 59));
+    couleurs.setColor(QPalette::ToolTipText, Qt::white);
+    return couleurs;
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
 {
-    if (argc != 4) {
-        std::fputs("Usage : velourne_visite DOSSIER ARCHIVE_DEDANS SORTIE\n", stderr);
+    const bool sombre = argc == 5 && argv[1] == std::string_view("--sombre");
+    if (argc != 4 && !sombre) {
+        std::fputs("Usage : velourne_visite [--sombre] DOSSIER ARCHIVE_DEDANS SORTIE\n", stderr);
         return 2;
     }
-    const fs::path sortie = fs::absolute(argv[3]);
-    for (const auto& [variable, dossier] :
+    char** arguments = argv + argc - 3;
+    const fs::path dossier = fs::canonical(arguments[0]), archive = fs::canonical(arguments[1]),
+                   sortie = fs::absolute(arguments[2]);
+    for (const auto& [variable, sous] :
          {std::pair{"XDG_CONFIG_HOME", "config"}, {"XDG_DATA_HOME", "data"}, {"XDG_CACHE_HOME", "cache"}})
-        setenv(variable, (sortie / dossier).c_str(), 1);
+        setenv(variable, (sortie / sous).c_str(), 1);
     fs::create_directories(sortie / "programme");
     FixerDossierProgramme((sortie / "programme").string());
 
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     Application application(argc, argv);
-    Visite(fs::canonical(argv[1]), fs::canonical(argv[2]), sortie).Faire();
+    if (sombre)
+        QApplication::setPalette(Sombre());
+    Visite(dossier, archive, sortie).Faire();
     return 0;
 }
