@@ -1,13 +1,13 @@
 #include "lister.h"
 
 #include <atomic>
-#include <charconv>
 #include <chrono>
 #include <filesystem>
 #include <stdexcept>
 
 #include <fmt/format.h>
 
+#include "LireNombre.h"
 #include "browser/ChargerArbre.h"
 #include "listings/EtatImpression.h"
 #include "listings/Listing.h"
@@ -36,15 +36,6 @@ ColonnesListing LireColonnes(const std::string& chiffres)
     return colonnes;
 }
 
-int64_t LireMedia(const std::string& texte)
-{
-    int64_t numero = 0;
-    const auto [fin, erreur] = std::from_chars(texte.data(), texte.data() + texte.size(), numero);
-    if (erreur != std::errc() || fin != texte.data() + texte.size() || numero <= 0)
-        throw std::runtime_error("numéro de média attendu : " + texte);
-    return numero;
-}
-
 DemandeListing LireDemande(const std::vector<std::string>& arguments)
 {
     DemandeListing demande;
@@ -55,7 +46,7 @@ DemandeListing LireDemande(const std::vector<std::string>& arguments)
         if (i + 1 == arguments.size())
             throw std::runtime_error("valeur attendue derrière " + arguments[i]);
         if (arguments[i] == "--media")
-            demande.media = LireMedia(arguments[i + 1]);
+            demande.media = LireNombre(arguments[i + 1]);
         else if (arguments[i] == "--colonnes")
             demande.colonnes = LireColonnes(arguments[i + 1]);
         else

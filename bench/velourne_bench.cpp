@@ -4,7 +4,6 @@
 
 #include <array>
 #include <atomic>
-#include <charconv>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
@@ -18,6 +17,7 @@
 
 #include <fmt/format.h>
 
+#include "LireNombre.h"
 #include "OuiATout.h"
 #include "archives/ListerArchive.h"
 #include "audio.h"
@@ -78,15 +78,6 @@ void ImprimerMemoire()
     fmt::print("memoire_max_mo: {}\n", (usage.ru_maxrss + 1023) / 1024);
 }
 
-int64_t Nombre(const std::string& texte)
-{
-    int64_t nombre = 0;
-    const auto [fin, erreur] = std::from_chars(texte.data(), texte.data() + texte.size(), nombre);
-    if (erreur != std::errc() || fin != texte.data() + texte.size() || nombre <= 0)
-        throw std::runtime_error("nombre attendu : " + texte);
-    return nombre;
-}
-
 // The base becomes the current one, made empty if it is missing.
 void OuvrirBase(const std::string& chemin, bool creer)
 {
@@ -105,8 +96,8 @@ void Generer(const Arguments& arguments)
                                  "README", "Chanson n°", "index",      "Sauvegarde"};
     constexpr std::array extensions = {"jpg", "txt", "doc", "mp3", "zip", "html", "pdf", "exe", "c", "ogg", "dat", ""};
     const fs::path racine = arguments[1];
-    const int64_t nombre = Nombre(arguments[2]);
-    const int64_t parDossier = Nombre(arguments[3]);
+    const int64_t nombre = LireNombre(arguments[2]);
+    const int64_t parDossier = LireNombre(arguments[3]);
     const int64_t nombreDossiers = (nombre + parDossier - 1) / parDossier;
 
     const Chronometre chronometre;
@@ -214,7 +205,7 @@ int32_t ChercherNoeud(ArbreCatalogue& arbre, const std::string& cle)
         analyse.valide ? arbre.Chercher(' ' + analyse.catalogue + "-000000001") : ArbreCatalogue::Aucun;
     if (media == ArbreCatalogue::Aucun)
         throw std::runtime_error("clé inconnue : " + cle);
-    return arbre.Ajouter(media, analyse.archive ? cle : CleRepertoire(Nombre(analyse.catalogue), analyse.code), "");
+    return arbre.Ajouter(media, analyse.archive ? cle : CleRepertoire(LireNombre(analyse.catalogue), analyse.code), "");
 }
 
 void Dossier(const Arguments& arguments)
@@ -269,9 +260,9 @@ DemandeRecherche LireDemande(const Arguments& arguments, FiltreRecherche& filtre
         };
         const std::string& option = arguments[i];
         if (option == "--onglet")
-            demande.onglet = suivant() == "0" ? 0 : static_cast<int>(Nombre(arguments[i]));
+            demande.onglet = suivant() == "0" ? 0 : static_cast<int>(LireNombre(arguments[i]));
         else if (option == "--media")
-            demande.media = Nombre(suivant());
+            demande.media = LireNombre(suivant());
         else if (option == "--descriptions")
             demande.descriptions = true;
         else if (option == "--noms")

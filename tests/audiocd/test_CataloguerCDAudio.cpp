@@ -142,11 +142,7 @@ TEST_F(CDAudioTest, ArretOuDisquePlein)
 {
     requete_.muette = true;
     std::stop_source arret;
-    std::jthread ailleurs([&] {
-        while (serveur_.Requetes().empty())
-            std::this_thread::yield();
-        arret.request_stop();
-    });
+    const std::jthread ailleurs = serveur_.ArreterALaPremiere(arret);
     EXPECT_EQ(Cataloguer(arret.get_token()), FinExtraction::Abandonnee);
     EXPECT_EQ(Compter("select * from Catalogue") + Compter("select * from Liste"), 0);
 

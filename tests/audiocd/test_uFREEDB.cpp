@@ -1,7 +1,5 @@
 #include "audiocd/uFREEDB.h"
 
-#include <thread>
-
 #include "LecteurFactice.h"
 #include "audiocd/CataloguerCDAudio.h"
 #include "outils/ChoixTest.h"
@@ -180,11 +178,7 @@ TEST_F(Cddb, ServeurMuetOuAbsent)
 {
     requete_.muette = true;
     std::stop_source arret;
-    std::jthread ailleurs([&] {
-        while (serveur_.Requetes().empty())
-            std::this_thread::yield();
-        arret.request_stop();
-    });
+    const std::jthread ailleurs = serveur_.ArreterALaPremiere(arret);
     EXPECT_EQ(freedb_.LookupMediaByToc(Toc, arret.get_token()), 0);
     // The same without a stop, by the clock of the request.
     EXPECT_NE(EnvoyerHttp({"http://" + serveur_.Adresse() + "/", "essai", "", "", {}, {}}, {}, 1).erreur, 0);

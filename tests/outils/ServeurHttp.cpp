@@ -75,6 +75,15 @@ std::vector<std::string> ServeurHttp::Lignes() const
     return lignes;
 }
 
+std::jthread ServeurHttp::ArreterALaPremiere(std::stop_source& arret) const
+{
+    return std::jthread([this, &arret] {
+        while (Requetes().empty())
+            std::this_thread::yield();
+        arret.request_stop();
+    });
+}
+
 void ServeurHttp::Servir(const std::stop_token& arret)
 {
     while (!arret.stop_requested()) {

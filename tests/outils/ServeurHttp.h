@@ -27,6 +27,8 @@ public:
     std::vector<std::string> Requetes() const;
     // The first line of each.
     std::vector<std::string> Lignes() const;
+    // Asks for the stop as soon as a request has come.
+    std::jthread ArreterALaPremiere(std::stop_source& arret) const;
 
 private:
     void Servir(const std::stop_token& arret);
