@@ -11,6 +11,7 @@ class ImagesCatalogue {
 public:
     explicit ImagesCatalogue(const IconesExtensions& extensions) : extensions_(extensions) {}
 
+    // Only archives are given no picture in the tree: they have that of their kind.
     QIcon DuNoeud(const ArbreCatalogue& arbre, int32_t noeud);
     const QIcon& DeItem(int32_t icone);
 
@@ -22,4 +23,5 @@ public:
 private:
     const IconesExtensions& extensions_;
     QHash<int32_t, QIcon> images_, medias_;
+    QIcon archive_;
 };

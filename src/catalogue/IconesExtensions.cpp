@@ -1,19 +1,24 @@
 #include "catalogue/IconesExtensions.h"
 
 #include "catalogue/ArbreCatalogue.h"
-#include "platform/TypesSysteme.h"
+#include "catalogue/ImagesTypes.h"
 
 int32_t IconesExtensions::Chercher(const std::string& extension)
 {
     if (extension.empty())
         return ImageGenerique;
     const std::lock_guard garde(verrou_);
-    const auto [place, nouvelle] = icones_.try_emplace(extension, ImageGenerique);
-    if (nouvelle && !NomIconeFichier(extension).empty()) {
-        place->second = Premiere + static_cast<int32_t>(extensions_.size());
+    if (const auto place = icones_.find(extension); place != icones_.end())
+        return place->second;
+    if (icones_.size() >= Maximum)
+        return ImageGenerique;
+    int32_t icone = ImageGenerique;
+    if (!ImageDuType(extension).empty()) {
+        icone = Premiere + static_cast<int32_t>(extensions_.size());
         extensions_.push_back(extension);
     }
-    return place->second;
+    icones_.emplace(extension, icone);
+    return icone;
 }
 
 std::string IconesExtensions::Extension(int32_t icone) const
