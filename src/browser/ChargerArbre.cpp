@@ -36,7 +36,7 @@ bool AjouterMedia(ArbreCatalogue& arbre, Recordset& medias, std::string_view cle
     const int32_t media = arbre.Ajouter(arbre.Chercher(CleRacine), cle, medias.Texte("Label"), image);
     if (media == ArbreCatalogue::Aucun)
         return false;
-    if (!medias.EstNul("Icone"))
+    if (!medias.EstNul("Icone") && medias.Texte("Icone").size() <= TailleIconeMaximale)
         arbre.DonnerIcone(media, medias.Texte("Icone"));
     arbre.Selectionner(media);
     arbre.Colorer(media, CouleurCategorie(medias.Texte("Categorie")));

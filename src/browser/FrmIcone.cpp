@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include "browser/MessagesVue.h"
+#include "catalogue/ArbreCatalogue.h"
 #include "fenetres/Etiquette.h"
 #include "fenetres/IconeMedia.h"
 #include "fenetres/TextesQt.h"
@@ -14,7 +15,6 @@
 
 namespace {
 
-constexpr uint64_t TailleMaximale = uint64_t{4} << 20;
 constexpr int Cote = 32;
 
 }  // namespace
@@ -78,7 +78,7 @@ void FrmIcone::Rechercher()
     EtatFichier etat;
     std::string octets;
     // What shows no picture is no icon: what was there before stays.
-    if (chemin.empty() || !LireEtatFichier(chemin, etat) || etat.taille > TailleMaximale ||
+    if (chemin.empty() || !LireEtatFichier(chemin, etat) || etat.taille > TailleIconeMaximale ||
         !LireFichier(chemin, octets) || !MontrerIcone(octets))
         return;
     choisie_ = octets;

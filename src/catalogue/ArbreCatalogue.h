@@ -25,6 +25,9 @@ enum ImageNavigateur : int16_t {
 inline constexpr uint32_t CouleurNoire = 0;
 inline constexpr uint32_t CouleurRouge = 255;  // colours are RGB longs: red in the low byte
 
+// An icon of a media is no larger; what a base holds beyond is no icon.
+inline constexpr size_t TailleIconeMaximale = size_t{4} << 20;
+
 // The tree of the catalogue: nodes in the order of their making, found by key, linked to parent, children and next
 // sibling by their places. Root is at level 1, media at 2. A node that is removed leaves its place empty; places are
 // never given again. Holds a million nodes in some hundred megabytes. For one thread at a time.

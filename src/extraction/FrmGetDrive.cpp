@@ -15,6 +15,7 @@
 #include "commun/Formes.h"
 #include "extraction/VerifierCatalogue.h"
 #include "extraction/bsDrive.h"
+#include "fenetres/IconeMedia.h"
 #include "fenetres/ImagesLecteur.h"
 #include "fenetres/TravailFenetre.h"
 
@@ -26,9 +27,9 @@ FrmGetDrive::FrmGetDrive(const MediaDemande& media, QWidget* parent)
 {
     setWindowTitle("Insérer le média");
     auto* image = new QLabel;
-    QPixmap icone;
-    if (icone.loadFromData(reinterpret_cast<const uchar*>(media.icone.data()), static_cast<uint>(media.icone.size())))
-        image->setPixmap(icone.scaled(48, 48, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    constexpr int Cote = 48;
+    if (const QImage icone = LireIcone(media.icone, Cote); !icone.isNull())
+        image->setPixmap(QPixmap::fromImage(icone.scaled(Cote, Cote, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
     auto* demande = new QLabel("Veuillez insérer le média suivant :\n" +
                                QString::fromStdString(media.label + "  -  Identifiant : " + media.identifiant));
     demande->setTextFormat(Qt::PlainText);

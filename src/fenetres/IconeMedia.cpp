@@ -9,9 +9,10 @@
 #include <QBuffer>
 #include <QImageReader>
 
+#include "catalogue/ArbreCatalogue.h"
+
 namespace {
 
-constexpr size_t OctetsMaximum = size_t{4} << 20;
 constexpr int CoteMaximal = 256, CoteAutreImage = 1024;
 constexpr size_t TailleEntete = 6, TailleEntree = 16, EntreesMaximum = 64;
 constexpr std::string_view SignaturePng = "\x89PNG";
@@ -106,7 +107,7 @@ std::vector<Entree> LireEntrees(std::string_view octets, int cote)
 
 QImage LireIcone(std::string_view octets, int cote)
 {
-    if (octets.size() < TailleEntete || octets.size() > OctetsMaximum)
+    if (octets.size() < TailleEntete || octets.size() > TailleIconeMaximale)
         return {};
     if (!octets.starts_with(std::string_view("\0\0\1\0", 4)))
         return Decoder(octets, {"png", "bmp", "gif", "jpeg"}, CoteAutreImage);

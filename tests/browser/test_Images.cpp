@@ -24,6 +24,18 @@ std::string AvecTaille(std::string bmp, int32_t largeur, int32_t hauteur)
     return bmp;
 }
 
+// An icon file of one picture, whose directory claims what it likes.
+std::string Ico(uint16_t entrees, uint32_t taille, uint32_t place, const std::string& image)
+{
+    std::string ico(22, '\0');
+    ico[2] = 1;
+    qToLittleEndian(entrees, ico.data() + 4);
+    ico[6] = ico[7] = 32;
+    qToLittleEndian(taille, ico.data() + 14);
+    qToLittleEndian(place, ico.data() + 18);
+    return ico + image;
+}
+
 using Images = Environnement;
 
 }  // namespace
@@ -81,6 +93,29 @@ TEST_F(Images, IconesHostilesNeDonnentRien)
     EXPECT_TRUE(LireIcone(AvecTaille(Octets(image, "BMP"), 20000, 20000), 32).isNull());
     EXPECT_TRUE(LireIcone("", 32).isNull());
     EXPECT_TRUE(LireIcone(ico + std::string(5 << 20, ' '), 32).isNull());
+
+    const auto octets = static_cast<uint32_t>(png.size());
+    const std::string large = Octets(image.scaled(300, 300), "PNG");
+    const std::tuple<const char*, std::string, bool> cas[] = {
+        {"sound", Ico(1, octets, 22, png), true},
+        {"65535 entries, one there", Ico(65535, octets, 22, png), true},
+        {"65535 entries, none there", Ico(65535, octets, 22, png).substr(0, 6), false},
+        {"no entry", Ico(0, octets, 22, png), false},
+        {"a gigabyte", Ico(1, 1U << 30, 22, png), false},
+        {"place and size overflow", Ico(1, 0xFFFFFFFFU, 0xFFFFFFFFU, png), false},
+        {"behind the end", Ico(1, octets, octets + 22, png), false},
+        {"no byte", Ico(1, 0, 22, png), false},
+        {"cut", Ico(1, octets, 22, png).substr(0, 40), false},
+        {"another kind inside", Ico(1, 60, 22, "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>"),
+         false},
+        {"large inside", Ico(1, static_cast<uint32_t>(large.size()), 22, large), false},
+    };
+    for (const auto& [nom, ico1, lue] : cas)
+        EXPECT_EQ(!LireIcone(ico1, 16).isNull(), lue) << nom;
+    std::string plein = Ico(65535, 30, 22, std::string(1 << 20, '\0'));  // every entry is there and damaged
+    for (size_t place = 22; place + 16 <= plein.size(); place += 16)
+        plein.replace(place, 16, plein, 6, 16);
+    EXPECT_TRUE(LireIcone(plein, 16).isNull());
 
     // Every byte of the heads turned, and every length: whatever comes of it is small.
     for (size_t place = 0; place < std::min<size_t>(ico.size(), 64); ++place)

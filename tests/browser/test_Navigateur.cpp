@@ -100,7 +100,7 @@ TEST_F(TestNavigateur, GardeLImageDuMediaPrecedent)
     AjouterMediaTest({"2", "#a", "Connexion Réseau", true, " Jeux "});
     AjouterMediaTest({"3", "#a", "Lecteur DVD/CD-ROM"});
     AjouterMediaTest({"4", "#a", "Disque RAM", true, "", "octets"});
-    AjouterMediaTest({"5", "#a", "Inconnu"});
+    AjouterMediaTest({"5", "#a", "Inconnu", true, "", std::string(TailleIconeMaximale + 1, ' ')});
     Charger();
     const int attendues[] = {ImageDisque, ImageReseau, ImageReseau, ImagePropre, ImageGenerique};
     for (int i = 0; i < 5; ++i)

@@ -326,7 +326,11 @@ TEST_F(Assistant, FilterNarrowsTheList)
 TEST_F(Assistant, DriveChooserKeepsTheLetter)
 {
     Inscrire("CD 1", "Vacances");
-    FrmGetDrive choix({"Vacances", "CD 1", "", " L'unité actuelle : D:"});
+    // A stranger's base names what is decoded: pictures of icon files only.
+    const std::string dessin = "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>";
+    FrmGetDrive choix({"Vacances", "CD 1", dessin, " L'unité actuelle : D:"});
+    for (const QLabel* texte : choix.findChildren<QLabel*>())
+        EXPECT_TRUE(texte->pixmap().isNull());
     auto* liste = choix.findChild<QTreeWidget*>();
     ASSERT_TRUE(Attendre([&] { return liste->topLevelItemCount() > 0; }));
     const auto lettres = LettresMachine();
