@@ -6,31 +6,37 @@
 
 namespace {
 
-QIcon ImagePropreDuType(std::string_view image)
+// A picture of the program's own keeps its colours where it is selected, or gives way to another: tinted, small ones
+// are lost.
+QIcon ImageDuProgramme(const QString& nom, const QString& selectionnee)
 {
-    return QIcon(QString(":/images/types/%1.svg").arg(QLatin1String(image.data(), image.size())));
+    QIcon icone(QString(":/images/%1.svg").arg(nom));
+    icone.addFile(QString(":/images/%1.svg").arg(selectionnee), {}, QIcon::Selected);
+    return icone;
+}
+
+QIcon ImageDuProgramme(const QString& nom)
+{
+    return ImageDuProgramme(nom, nom);
+}
+
+QIcon ImageDeSorte(std::string_view sorte)
+{
+    return ImageDuProgramme("types/" + QString::fromLatin1(sorte.data(), static_cast<qsizetype>(sorte.size())));
 }
 
 QIcon ImageInterne(int32_t image)
 {
     switch (image) {
-        case ImageDisque: return QIcon(":/images/disquedef.svg");
-        case ImageRepertoire: return QIcon(":/images/repertoire.svg");
-        case ImageRepertoireOuvert: return QIcon(":/images/repertoire-ouvert.svg");
-        case ImageRacine: return QIcon(":/images/cddef.svg");
-        case ImageReseau: return QIcon(":/images/reseaudef.svg");
-        case ImageInconnue: return QIcon(":/images/removedef.svg");
-        case ImageGenerique: return ImagePropreDuType(ImageFichier);
+        case ImageDisque: return ImageDuProgramme("disquedef");
+        case ImageRepertoire: return ImageDuProgramme("repertoire");
+        case ImageRepertoireOuvert: return ImageDuProgramme("repertoire-ouvert");
+        case ImageRacine: return ImageDuProgramme("cddef");
+        case ImageReseau: return ImageDuProgramme("reseaudef");
+        case ImageInconnue: return ImageDuProgramme("removedef");
+        case ImageGenerique: return ImageDeSorte(ImageFichier);
         default: return {};
     }
-}
-
-// The directory's two pictures in one icon: open while it is selected.
-QIcon ImageRepertoireDouble()
-{
-    QIcon icone(":/images/repertoire.svg");
-    icone.addFile(":/images/repertoire-ouvert.svg", {}, QIcon::Selected);
-    return icone;
 }
 
 // The icon of exactly this name: a theme that lacks it offers those of shorter names ("application" for
@@ -47,13 +53,13 @@ QIcon IconeDuType(const std::string& extension)
     for (const std::string& nom : {NomIconeFichier(extension), NomIconeGenerique(extension)})
         if (const QIcon icone = IconeDuTheme(nom); !icone.isNull())
             return icone;
-    return ImagePropreDuType(ImageDuType(extension));
+    return ImageDeSorte(ImageDuType(extension));
 }
 
 QIcon IconeArchive()
 {
     const QIcon icone = IconeDuTheme("package-x-generic");
-    return icone.isNull() ? ImagePropreDuType(ImageArchive) : icone;
+    return icone.isNull() ? ImageDeSorte(ImageArchive) : icone;
 }
 
 }  // namespace
@@ -74,7 +80,7 @@ QIcon ImagesCatalogue::DuNoeud(const ArbreCatalogue& arbre, int32_t noeud)
     }
     if (n.imageSelection != ImageRepertoireOuvert)
         return DeItem(n.image);
-    static const QIcon repertoire = ImageRepertoireDouble();
+    static const QIcon repertoire = ImageDuProgramme("repertoire", "repertoire-ouvert");
     return repertoire;
 }
 

@@ -141,9 +141,10 @@ TEST_F(ImagesDesTypes, ArchivesDeLArbre)
     const int32_t archive = arbre.Ajouter(racine, "A 1 1", "a.zip");
     const int32_t dossier = arbre.Ajouter(archive, " 1-A00000001", "d", ImageRepertoire, ImageRepertoireOuvert);
     for (const auto etat : {QIcon::Off, QIcon::On})
-        for (const auto mode : {QIcon::Normal, QIcon::Active})
+        for (const auto mode : {QIcon::Normal, QIcon::Active, QIcon::Selected})
             EXPECT_EQ(Vue(images_.DuNoeud(arbre, archive), mode, etat), Propre("archive"));
     EXPECT_EQ(Vue(images_.DuNoeud(arbre, dossier)), Vue(QIcon(":/images/repertoire.svg")));
+    EXPECT_EQ(Vue(images_.DuNoeud(arbre, dossier), QIcon::Selected), Vue(QIcon(":/images/repertoire-ouvert.svg")));
 
     FaireTheme("essai", {{"package-x-generic", Qt::green}});
     QIcon::setThemeName("essai");
