@@ -216,9 +216,7 @@ QPalette Sombre()
     return couleurs;
 }
 
-}  // namespace
-
-int main(int argc, char** argv)
+int Executer(int argc, char** argv)
 {
     const bool sombre = argc == 5 && argv[1] == std::string_view("--sombre");
     if (argc != 4 && !sombre) {
@@ -240,4 +238,11 @@ int main(int argc, char** argv)
         QApplication::setPalette(Sombre());
     Visite(dossier, archive, sortie).Faire();
     return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    Application::Finir(Executer(argc, argv));
 }

@@ -1,7 +1,14 @@
 #include "commun/Consultation.h"
 
+#include <atomic>
 #include <thread>
 #include <utility>
+
+namespace {
+
+std::atomic<int> questionsOuvertes;
+
+}  // namespace
 
 Consultation::Consultation(std::function<void()> reveiller) : reveiller_(std::move(reveiller)) {}
 
@@ -16,13 +23,19 @@ void Consultation::Demander(std::function<void(std::stop_token)> question, std::
     etat_ = std::make_shared<Etat>();
     etat_->reveiller = reveiller_;
     suite_ = std::move(suite);
-    std::thread([etat = etat_, question = std::move(question)] {
+    ++questionsOuvertes;
+    std::thread([etat = etat_, question = std::move(question)]() mutable {
         question(etat->arret.get_token());
-        const std::lock_guard garde(etat->verrou);
-        etat->repondue = true;
-        etat->change.notify_all();
-        if (etat->reveiller)
-            etat->reveiller();
+        {
+            const std::lock_guard garde(etat->verrou);
+            etat->repondue = true;
+            etat->change.notify_all();
+            if (etat->reveiller)
+                etat->reveiller();
+        }
+        question = {};
+        etat.reset();
+        --questionsOuvertes;
     }).detach();
 }
 
@@ -68,4 +81,13 @@ void Consultation::Attendre()
         }
         Livrer();
     }
+}
+
+bool AttendreConsultations(std::chrono::milliseconds delai)
+{
+    using namespace std::chrono;
+    const auto fin = steady_clock::now() + delai;
+    while (questionsOuvertes > 0 && steady_clock::now() < fin)
+        std::this_thread::sleep_for(2ms);
+    return questionsOuvertes == 0;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <functional>
 #include <memory>
@@ -40,3 +41,7 @@ private:
     std::shared_ptr<Etat> etat_;  // of the newest question; none when all is answered
     std::function<void()> suite_;
 };
+
+// Waits until no question is open any more, those left to themselves included, for so long at most. False when one still
+// hangs: the process must then end without destroying what it may be using (std::_Exit).
+bool AttendreConsultations(std::chrono::milliseconds delai);

@@ -7,6 +7,8 @@
 #include <QLibraryInfo>
 #include <QLocale>
 
+#include "commun/Consultation.h"
+
 namespace {
 
 int& Preparer(int& argc)
@@ -28,4 +30,12 @@ Application::Application(int& argc, char** argv) : QApplication(Preparer(argc), 
     if (francais_.load(QLocale(QLocale::French), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         installTranslator(&francais_);
     installEventFilter(&gardien_);
+}
+
+void Application::Finir(int code)
+{
+    using namespace std::chrono_literals;
+    if (!AttendreConsultations(500ms))
+        std::_Exit(code);
+    std::exit(code);
 }

@@ -11,6 +11,10 @@ class Application : public QApplication {
 public:
     Application(int& argc, char** argv);
 
+    // Ends the process with the code, for when all windows have gone. A look at a dead drive may still hang: what it uses
+    // is then left as it is.
+    [[noreturn]] static void Finir(int code);
+
 private:
     QTranslator francais_;
     GardienEcran gardien_;

@@ -3,7 +3,9 @@
 #include "shell/Application.h"
 #include "shell/Fenetres.h"
 
-int main(int argc, char** argv)
+namespace {
+
+int Executer(int argc, char** argv)
 {
     Application application(argc, argv);
     BoitesDialogue dialogues;
@@ -18,4 +20,11 @@ int main(int argc, char** argv)
     QObject::connect(&fenetres, &Fenetres::terminee, &application, &QCoreApplication::quit, Qt::QueuedConnection);
     fenetres.Demarrer();
     return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    Application::Finir(Executer(argc, argv));
 }

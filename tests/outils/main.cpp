@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QLocale>
 
+#include "commun/Consultation.h"
+
 int main(int argc, char** argv)
 {
     setenv("QT_QPA_PLATFORM", "offscreen", 0);
@@ -14,5 +16,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     setlocale(LC_NUMERIC, "C");
     ::testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
+    const int code = RUN_ALL_TESTS();
+    AttendreConsultations(std::chrono::seconds(10));
+    return code;
 }
