@@ -126,6 +126,7 @@ void LocaliserEntree(const EntreeCataloguee& entree, bool dossier, Consultation&
         trouve({});
         return;
     }
+    media.demande.contient = [entree, dossier](char lettre) { return !Chercher(lettre, entree, dossier).empty(); };
     const auto constat = std::make_shared<Constat>();
     const auto demander = [=, &lecteurs, &dialogues, &choix, trouve = std::move(trouve)] {
         if (!constat->chemin.empty()) {

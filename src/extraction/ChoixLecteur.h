@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 // What the drive chooser shows of the media that is wanted.
@@ -7,6 +8,9 @@ struct MediaDemande {
     std::string label, identifiant;
     std::string icone;   // bytes of an icon file, empty when the media has none of its own
     std::string invite;  // " L'unité actuelle : D:"
+    // Whether the drive of a small letter holds what is wanted; asked beside the window's thread, without end where the
+    // drive hangs. None: any drive will do.
+    std::function<bool(char)> contient = {};
 };
 
 // Asks in which drive the media now lies.

@@ -6,6 +6,7 @@
 #include <stop_token>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "catalogue/ArretCourse.h"
 #include "extraction/AjouterFichier.h"
@@ -15,9 +16,11 @@ class QWidget;
 // What a window shows of a run: a copy, taken at any moment.
 struct Avancement {
     CompteursExtraction compteurs;
-    std::string pourcentage;  // "12,34 %", empty before the first
-    double part = 0;          // width of the bar, 0 to 1
-    std::string ligne;        // progress line: the path at work
+    std::string pourcentage;           // "12,34 %", empty before the first
+    double part = 0;                   // width of the bar, 0 to 1
+    bool mesurable = true;             // false: nobody knows how much there is, so that the two above stay as they are
+    std::string ligne;                 // progress line: the path at work
+    std::vector<std::string> entrees;  // names read last, "\\" behind those of directories; a few only
 };
 
 enum class FinExtraction { Complete, Abandonnee, Echec };

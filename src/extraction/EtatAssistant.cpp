@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 #include <string_view>
 
 #include "archives/ListerArchive.h"
@@ -34,8 +35,9 @@ void EtatAssistant::RecevoirLecteurs(const std::vector<LecteurVu>& lecteurs)
 {
     for (auto& rangee : rangees_)
         rangee.clear();
+    const bool amovibles = std::any_of(lecteurs.begin(), lecteurs.end(), std::mem_fn(&LecteurVu::Amovible));
     for (const LecteurVu& lecteur : lecteurs)
-        rangees_[lecteur.Amovible() ? 0 : 1].push_back(lecteur);
+        rangees_[lecteur.Amovible() || !amovibles ? 0 : 1].push_back(lecteur);
     onglet_ = {};
 }
 
@@ -45,8 +47,9 @@ OngletLecteur EtatAssistant::AChoisir() const
     if (choix == AucunOnglet)
         choix = "0";
     const size_t a = choix.find('A');
-    const OngletLecteur memorise{a == std::string::npos ? 0 : 1,
-                                 std::atoi(choix.c_str() + (a == std::string::npos ? 0 : a + 1))};
+    // Kept while there was a disc to be taken out: the disks have moved up meanwhile.
+    const int rangee = a == std::string::npos || Lecteurs(1).empty() ? 0 : 1;
+    const OngletLecteur memorise{rangee, std::atoi(choix.c_str() + (a == std::string::npos ? 0 : a + 1))};
     const auto existe = [this](const OngletLecteur& onglet) {
         return onglet.numero >= 0 && onglet.numero < static_cast<int>(Lecteurs(onglet.rangee).size()) &&
                (onglet.rangee == 0 || details_);

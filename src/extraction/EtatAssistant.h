@@ -21,6 +21,8 @@ class EtatAssistant {
 public:
     EtatAssistant();  // as the settings have it
 
+    // Discs that can be taken out have the first row of tabs, those that stay the second; without any of the former all
+    // stand in the first, which is seen with the details hidden too.
     void RecevoirLecteurs(const std::vector<LecteurVu>& lecteurs);
     const std::vector<LecteurVu>& Lecteurs(int rangee) const { return rangees_[static_cast<size_t>(rangee)]; }
 

@@ -1,5 +1,6 @@
 #include "extraction/Extraction.h"
 
+#include <array>
 #include <chrono>
 #include <cmath>
 #include <optional>
@@ -19,6 +20,10 @@
 #include "store/IndexNoms.h"
 #include "store/Reglages.h"
 #include "store/Transaction.h"
+
+namespace {
+constexpr size_t EntreesMontrees = 64;
+}
 
 // A directory of the walk, from its scan until all its subdirectories have been walked.
 struct Extraction::Repertoire {
@@ -48,9 +53,12 @@ struct Extraction::Etat {
     std::string ligne;          // progress line
     std::string arbre;          // the `Tree` text so far
     double octetsFaits = 0;
-    std::optional<double> octetsAffiches;  // behind the percentage last shown
-    bool echec = false;                    // a row could not be written
+    std::optional<double> octetsAffiches;               // behind the percentage last shown
+    bool echec = false;                                 // a row could not be written
+    std::array<std::string, EntreesMontrees> derniers;  // names read last, the newest behind those before it, all round
+    size_t vus = 0;
 
+    void Montrer(std::string_view nom) { derniers[vus++ % EntreesMontrees] = nom; }
     bool Arreter() const { return echec || course.arret.stop_requested(); }
 };
 
@@ -95,6 +103,7 @@ bool EstSansLigne(std::string_view nom)
 Extraction::Extraction(std::string base, int64_t media, char lettre, double octetsTotal, bool lecteurVide)
     : CourseMedia(std::move(base), media), lettre_(lettre), octetsTotal_(octetsTotal), lecteurVide_(lecteurVide)
 {
+    publie_.mesurable = octetsTotal != 0;
 }
 
 Avancement Extraction::Lire() const
@@ -214,7 +223,9 @@ void Extraction::ParcourirRepertoire(Etat& etat, Repertoire& repertoire)
 
 void Extraction::TraiterRepertoire(Etat& etat, Repertoire& parent, const EntreeDossier& entree)
 {
-    etat.ligne = etat.chemin + entree.nom + '\\';
+    const std::string nom = entree.nom + '\\';  // the last one goes when the row is written
+    etat.ligne = etat.chemin + nom;
+    etat.Montrer(nom);
     const int64_t code = ++etat.course.compteurs.repertoires + 1;
     const bool sansLigne = EstSansLigne(entree.nom);
     const bool noeud = parent.noeud && !sansLigne;
@@ -224,7 +235,6 @@ void Extraction::TraiterRepertoire(Etat& etat, Repertoire& parent, const EntreeD
 
     const std::string date = DateFichier(entree.creation);
     const std::string heure = HeureFichier(entree.creation);
-    const std::string nom = entree.nom + '\\';  // the last one goes when the row is written
     LigneFichier ligne;
     ligne.nom = nom;
     ligne.code = code;
@@ -251,6 +261,7 @@ void Extraction::TraiterFichier(Etat& etat, const Repertoire& repertoire, const 
     if (octetsTotal_ != 0 && etat.octetsFaits < octetsTotal_)
         etat.octetsAffiches = etat.octetsFaits;
     etat.ligne = etat.chemin;
+    etat.Montrer(entree.nom);
 
     const std::string extension = ExtensionFichier(entree.nom);
     AjouterExtension(extension);
@@ -282,6 +293,9 @@ void Extraction::Publier(const Etat& etat)
     const bool nomsMontres = GetSettingNombre(SectionSettings, CleOptionsDivers[2], 0) == 1;
     const std::lock_guard garde(verrou_);
     publie_.compteurs = etat.course.compteurs;
+    publie_.entrees.clear();
+    for (size_t rang = etat.vus < EntreesMontrees ? 0 : etat.vus - EntreesMontrees; rang < etat.vus; ++rang)
+        publie_.entrees.push_back(etat.derniers[rang % EntreesMontrees]);
     publie_.ligne = nomsMontres && !etat.cheminFichier.empty()
                         ? etat.cheminFichier.substr(0, etat.cheminFichier.size() - 1)
                         : etat.ligne;

@@ -11,8 +11,8 @@
 // The run over a drive with a volume: its whole tree.
 class Extraction : public CourseMedia {
 public:
-    // `octetsTotal`: bytes in use on the drive, for the percentage. `lecteurVide`: a drive of capacity 0, of which the
-    // root alone is written.
+    // `octetsTotal`: bytes in use on the drive, for the percentage; 0 when not known. `lecteurVide`: a drive of
+    // capacity 0, of which the root alone is written.
     Extraction(std::string base, int64_t media, char lettre, double octetsTotal, bool lecteurVide);
 
     FinExtraction Executer() override;

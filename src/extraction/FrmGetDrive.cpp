@@ -17,13 +17,23 @@
 #include "extraction/bsDrive.h"
 #include "fenetres/IconeMedia.h"
 #include "fenetres/ImagesLecteur.h"
+#include "fenetres/TextesQt.h"
 #include "fenetres/TravailFenetre.h"
+
+namespace {
+
+constexpr int EntreDeuxRegards = 1500;  // milliseconds
+
+}  // namespace
 
 FrmGetDrive::FrmGetDrive(const MediaDemande& media, QWidget* parent)
     : QDialog(parent),
-      identifiant_(media.identifiant),
+      media_(media),
       lecteurs_(ReveilFenetre(this, [this] { lecteurs_.Livrer(); })),
-      liste_(new QTreeWidget)
+      verification_(ReveilFenetre(this, [this] { verification_.Livrer(); })),
+      liste_(new QTreeWidget),
+      avis_(new QLabel),
+      valider_(new QPushButton("     &Valider"))
 {
     setWindowTitle("Insérer le média");
     auto* image = new QLabel;
@@ -51,44 +61,100 @@ FrmGetDrive::FrmGetDrive(const MediaDemande& media, QWidget* parent)
     liste_->setToolTip("Cliquer ICI pour choisir un autre lecteur");
     liste_->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     mise->addWidget(liste_, 1);
+    avis_->setObjectName("Avis");
+    mise->addWidget(avis_);
 
-    auto* valider = new QPushButton("     &Valider");
     auto* annuler = new QPushButton("      &Annuler");
-    valider->setDefault(true);
+    valider_->setDefault(true);
     auto* boutons = new QHBoxLayout;
     boutons->addStretch(1);
-    boutons->addWidget(valider);
+    boutons->addWidget(valider_);
     boutons->addWidget(annuler);
     mise->addLayout(boutons);
 
-    connect(valider, &QPushButton::clicked, this, &FrmGetDrive::Valider);
+    connect(valider_, &QPushButton::clicked, this, &FrmGetDrive::Valider);
     connect(annuler, &QPushButton::clicked, this, &QDialog::reject);
+    connect(liste_, &QTreeWidget::itemSelectionChanged, this, &FrmGetDrive::Choisir);
     connect(liste_, &QTreeWidget::itemDoubleClicked, this, &FrmGetDrive::Valider);
     liste_->setFocus();
-    const auto vus = std::make_shared<std::vector<LecteurVu>>();
-    lecteurs_.Demander([vus](const std::stop_token&) { *vus = RegarderLecteurs(); }, [this, vus] { Remplir(*vus); });
+    Choisir();
+    regard_.setInterval(EntreDeuxRegards);
+    connect(&regard_, &QTimer::timeout, this, &FrmGetDrive::Regarder);
+    regard_.start();
+    Regarder();
     resize(std::max(sizeHint().width(), fontMetrics().averageCharWidth() * 60), sizeHint().height());
 }
 
+void FrmGetDrive::Regarder()
+{
+    if (lecteurs_.EnCours())
+        return;
+    const auto vus = std::make_shared<std::vector<LecteurVu>>();
+    lecteurs_.Demander([vus](const std::stop_token&) { *vus = RegarderLecteurs(); }, [this, vus] { Remplir(*vus); });
+}
+
+// None is chosen but by the user.
 void FrmGetDrive::Remplir(const std::vector<LecteurVu>& lecteurs)
 {
-    for (const LecteurVu& lecteur : lecteurs) {
-        auto* ligne = new QTreeWidgetItem(
-            liste_, {QString::fromStdString(lecteur.libelle), QString(NomTypeLecteur(lecteur.type))});
-        ligne->setIcon(0, IconeLecteur(lecteur.type));
-        lettres_.push_back(lecteur.lettre);
+    if (lecteurs == vus_)
+        return;
+    const char choisie = Choisie();
+    vus_ = lecteurs;
+    {
+        const QSignalBlocker silence(liste_);
+        liste_->clear();
+        for (const LecteurVu& lecteur : lecteurs) {
+            auto* ligne =
+                new QTreeWidgetItem(liste_, {EnQString(lecteur.libelle), QString(NomTypeLecteur(lecteur.type))});
+            ligne->setIcon(0, IconeLecteur(lecteur.type));
+            ligne->setToolTip(0, EnBulle(lecteur.emplacement));
+            if (lecteur.lettre == choisie)
+                liste_->setCurrentItem(ligne);
+        }
     }
-    if (!lettres_.empty())
-        liste_->setCurrentItem(liste_->topLevelItem(0));
+    if (Choisie() != choisie)
+        Choisir();
+}
+
+char FrmGetDrive::Choisie() const
+{
+    const auto choisis = liste_->selectedItems();
+    return choisis.isEmpty() ? '\0' : vus_[static_cast<size_t>(liste_->indexOfTopLevelItem(choisis.first()))].lettre;
+}
+
+void FrmGetDrive::Choisir()
+{
+    verification_.Arreter();
+    avis_->clear();
+    valider_->setEnabled(Choisie() != 0);
 }
 
 void FrmGetDrive::Valider()
 {
-    const int rang = liste_->indexOfTopLevelItem(liste_->currentItem());
-    if (rang < 0)
+    const char lettre = Choisie();
+    if (lettre == 0 || verification_.EnCours())
         return;
-    lettre_ = LettreCapitale(lettres_[static_cast<size_t>(rang)]);
-    ModifierCatalogueDisque(identifiant_, std::string(1, lettre_));
+    if (!media_.contient) {
+        Retenir(lettre);
+        return;
+    }
+    const QString lecteur = "Le lecteur " + QString(QChar::fromLatin1(LettreCapitale(lettre))) + ": ";
+    avis_->setText(lecteur + "est interrogé ...");
+    const auto trouve = std::make_shared<bool>(false);
+    verification_.Demander(
+        [trouve, lettre, contient = media_.contient](const std::stop_token&) { *trouve = contient(lettre); },
+        [this, trouve, lettre, lecteur] {
+            if (*trouve)
+                Retenir(lettre);
+            else
+                avis_->setText(lecteur + "ne contient pas l'élément demandé !");
+        });
+}
+
+void FrmGetDrive::Retenir(char lettre)
+{
+    lettre_ = LettreCapitale(lettre);
+    ModifierCatalogueDisque(media_.identifiant, std::string(1, lettre_));
     accept();
 }
 

@@ -6,13 +6,16 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
+#include <QStyle>
 
 #include "catalogue/Medias.h"
 #include "commun/Formes.h"
@@ -23,6 +26,7 @@
 #include "fenetres/Etiquette.h"
 #include "fenetres/ImagesLecteur.h"
 #include "fenetres/Place.h"
+#include "fenetres/TextesQt.h"
 #include "fenetres/TravailFenetre.h"
 #include "platform/Lecteurs.h"
 #include "store/ClesReglages.h"
@@ -33,21 +37,22 @@ namespace {
 constexpr int HauteurAvecDetails = 8750;  // twips
 constexpr int HauteurSansDetails = 6390;
 constexpr int LargeurInitiale = 700;  // pixels
+constexpr int HauteurDuTitre = 40;    // that a desktop puts on top of a window, at most
 
 }  // namespace
 
-FrmSemiAuto::FrmSemiAuto(Dialogues& dialogues, Travail& travail, FabriqueCourseCD courseCD, QWidget* parent)
-    : QWidget(parent, Qt::Window),
+FrmSemiAuto::FrmSemiAuto(Dialogues& dialogues, Travail& travail, FabriqueCourseCD courseCD,
+                         std::function<std::vector<LecteurVu>()> machine)
+    : QWidget(nullptr, Qt::Window),
       dialogues_(dialogues),
       travail_(travail),
       courseCD_(std::move(courseCD)),
+      machine_(std::move(machine)),
       lecteurs_(ReveilFenetre(this, [this] { lecteurs_.Livrer(); })),
       panneaux_(*this)
 {
-    GarantirBase(true);
     setWindowTitle("Ajout des Médias");
-    panneaux_.catalogue->setText(QString::fromStdString(BaseCourante()));
-    panneaux_.catalogue->setToolTip(panneaux_.catalogue->text());
+    MontrerCatalogue();
     for (int indice = 0; indice < 4; ++indice)
         panneaux_.compression[indice]->setChecked(etat_.Compression(indice));
     panneaux_.listeExtensions->setCurrentIndex(etat_.Filtre());
@@ -58,7 +63,6 @@ FrmSemiAuto::FrmSemiAuto(Dialogues& dialogues, Travail& travail, FabriqueCourseC
     MontrerDetails();
     PlacerFenetre(*this, CleTopExtract, CleLeftExtract);
     panneaux_.identifiant->setFocus();
-    Dire("");
     ConsulterLecteurs(0);
 }
 
@@ -70,6 +74,21 @@ FrmSemiAuto::~FrmSemiAuto()
     course_->Abandonner();
     travail_.Attendre();
     RetirerMediaAbandonne();
+}
+
+void FrmSemiAuto::MontrerCatalogue()
+{
+    GarantirBase(true);
+    const std::string base = BaseCourante();
+    panneaux_.catalogue->setText(EnQString(base));
+    panneaux_.catalogue->setToolTip(EnBulle(base));
+    Dire("");
+}
+
+void FrmSemiAuto::Reprendre()
+{
+    MontrerCatalogue();
+    ConsulterLecteurs(etat_.Lettre());
 }
 
 void FrmSemiAuto::Relier()
@@ -108,6 +127,7 @@ void FrmSemiAuto::Relier()
         if (!EnCours())
             emit sortieVoulue();
     });
+    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &FrmSemiAuto::Echapper);
     suivi_.setInterval(50);
     connect(&suivi_, &QTimer::timeout, this, &FrmSemiAuto::Suivre);
 }
@@ -116,12 +136,14 @@ void FrmSemiAuto::Relier()
 void FrmSemiAuto::ConsulterLecteurs(char voulue)
 {
     const auto vus = std::make_shared<std::vector<LecteurVu>>();
-    lecteurs_.Demander([vus](const std::stop_token&) { *vus = RegarderLecteurs(); },
+    lecteurs_.Demander([vus, machine = machine_](const std::stop_token&) { *vus = machine(); },
                        [this, vus, voulue] {
                            etat_.RecevoirLecteurs(*vus);
-                           panneaux_.menu->Remplir(etat_.Lecteurs(0));
-                           panneaux_.menuA->Remplir(etat_.Lecteurs(1));
-                           OngletLecteur onglet = voulue ? etat_.OngletDe(voulue) : etat_.AChoisir();
+                           if (panneaux_.RemplirOnglets(etat_.Lecteurs(0), etat_.Lecteurs(1)))
+                               MontrerDetails();
+                           OngletLecteur onglet = etat_.OngletDe(voulue);
+                           if (!onglet.Choisi())
+                               onglet = etat_.AChoisir();
                            if (onglet.rangee == 1 && onglet.Choisi() && !etat_.DetailsMontres()) {
                                etat_.BasculerDetails();
                                MontrerDetails();
@@ -194,11 +216,13 @@ void FrmSemiAuto::MontrerDetails()
     panneaux_.etapes->setText(montrer ? " Cacher &Détails " : " Montrer &Détails ");
     panneaux_.etapes->setToolTip(montrer ? " Cliquer ICI pour cacher les détails "
                                          : " Cliquer ICI pour accéder aux détails ");
+    if (isMaximized() || isFullScreen())
+        return;
     const int hauteur = static_cast<int>((montrer ? HauteurAvecDetails : HauteurSansDetails) / TwipsParPixel);
-    const int largeur = isVisible() ? width() : LargeurInitiale;
-    layout()->activate();
-    if (!isMaximized() && !isFullScreen())
-        resize(std::max(largeur, minimumSizeHint().width()), std::max(hauteur, minimumSizeHint().height()));
+    const QSize voulue = panneaux_.TailleVoulue().expandedTo({isVisible() ? width() : LargeurInitiale, hauteur});
+    const QSize place = screen()->availableSize() - QSize(0, HauteurDuTitre);
+    const int defilement = voulue.height() > place.height() ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
+    resize((voulue + QSize(defilement, 0)).boundedTo(place));
 }
 
 void FrmSemiAuto::RemplirListe()
@@ -218,6 +242,14 @@ void FrmSemiAuto::PresserOK()
         Abandonner();
     else if (phase_ == Phase::Repos)
         Lancer();
+}
+
+void FrmSemiAuto::Echapper()
+{
+    if (phase_ == Phase::Course && !questionPosee_)
+        Abandonner();
+    else if (phase_ == Phase::Repos)
+        close();
 }
 
 void FrmSemiAuto::Lancer()
@@ -275,7 +307,7 @@ void FrmSemiAuto::DemarrerCourse(const ReponseMedia& media)
 void FrmSemiAuto::Abandonner()
 {
     questionPosee_ = true;
-    const bool oui = dialogues_.Demander("Voulez-vous réellement abandonner la recherche ?");
+    const bool oui = dialogues_.DemanderAvantPerte("Voulez-vous réellement abandonner la recherche ?");
     questionPosee_ = false;
     if (oui) {
         phase_ = Phase::Finissant;
@@ -295,16 +327,7 @@ void FrmSemiAuto::Suivre()
 {
     if (phase_ != Phase::Course)
         return;
-    const Avancement avancement = course_->Lire();
-    const CompteursExtraction& compteurs = avancement.compteurs;
-    panneaux_.repertoires->setText(QString::fromStdString(Str(compteurs.repertoires) + " Répertoire(s) ..."));
-    panneaux_.fichiers->setText(QString::fromStdString(Str(compteurs.fichiers) + " Fichier(s) ..."));
-    panneaux_.descriptions->setText(
-        QString::fromStdString(Str(compteurs.descriptions) + " description(s) extraite(s)"));
-    panneaux_.pourcentage->setText(QString::fromStdString(avancement.pourcentage));
-    panneaux_.progression->setValue(
-        static_cast<int>(std::clamp(avancement.part, 0.0, 1.0) * PanneauxAssistant::PleineBarre));
-    panneaux_.ligne->setText(QString::fromStdString(avancement.ligne));
+    panneaux_.Suivre(course_->Lire());
 }
 
 void FrmSemiAuto::Terminer()
@@ -336,6 +359,7 @@ void FrmSemiAuto::RetirerMediaAbandonne()
 void FrmSemiAuto::Conclure()
 {
     panneaux_.pourcentage->setText("100 %");
+    panneaux_.progression->setRange(0, PanneauxAssistant::PleineBarre);
     panneaux_.progression->setValue(PanneauxAssistant::PleineBarre);
     FixerIconesARecharger(true);
     FixerArbreARecharger(true);
@@ -396,7 +420,7 @@ void FrmSemiAuto::closeEvent(QCloseEvent* evenement)
     emit fermetureVoulue();
 }
 
-// The colour of the button's text follows the pointer.
+// The colour of the button's text follows the pointer. Enter held down does not start a run and give it up again.
 bool FrmSemiAuto::eventFilter(QObject* objet, QEvent* evenement)
 {
     if (evenement->type() == QEvent::Enter || evenement->type() == QEvent::Leave) {
@@ -405,5 +429,7 @@ bool FrmSemiAuto::eventFilter(QObject* objet, QEvent* evenement)
             couleurs.setColor(QPalette::ButtonText, palette().color(QPalette::Link));
         panneaux_.ok->setPalette(couleurs);
     }
+    if (evenement->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(evenement)->isAutoRepeat())
+        return true;
     return QWidget::eventFilter(objet, evenement);
 }

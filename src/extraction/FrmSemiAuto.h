@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <vector>
 
 #include <QTimer>
 #include <QWidget>
@@ -20,7 +22,8 @@ class FrmSemiAuto : public QWidget {
 
 public:
     // `courseCD` may be empty: of an audio disc the root alone is then written.
-    FrmSemiAuto(Dialogues& dialogues, Travail& travail, FabriqueCourseCD courseCD, QWidget* parent = nullptr);
+    FrmSemiAuto(Dialogues& dialogues, Travail& travail, FabriqueCourseCD courseCD,
+                std::function<std::vector<LecteurVu>()> machine = RegarderLecteurs);
     ~FrmSemiAuto() override;
 
     bool EnCours() const { return phase_ != Phase::Repos; }
@@ -28,6 +31,8 @@ public:
     bool EnConsultation() const { return lecteurs_.EnCours(); }
     // Keeps the window's place.
     void Memoriser();
+    // To be shown again after a look at the catalogue: what was typed stays, base and drives may be others.
+    void Reprendre();
 
 signals:
     void catalogueVoulu();   // the button bar
@@ -43,6 +48,7 @@ private:
     enum class Phase { Repos, Verification, Course, Finissant };
 
     void Relier();
+    void MontrerCatalogue();
     void ConsulterLecteurs(char voulue);
     void PresserOnglet(const OngletLecteur& onglet);
     void AfficherLecteur();
@@ -51,6 +57,7 @@ private:
     void RemplirListe();
 
     void PresserOK();
+    void Echapper();
     void Lancer();
     void DemarrerCourse(const ReponseMedia& media);
     void Abandonner();
@@ -66,6 +73,7 @@ private:
     Dialogues& dialogues_;
     Travail& travail_;
     const FabriqueCourseCD courseCD_;
+    const std::function<std::vector<LecteurVu>()> machine_;
     Consultation lecteurs_;
     EtatAssistant etat_;
     LecteurRegarde regarde_;  // the chosen drive

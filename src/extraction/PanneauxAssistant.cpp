@@ -1,5 +1,9 @@
 #include "extraction/PanneauxAssistant.h"
 
+#include <algorithm>
+#include <initializer_list>
+#include <iterator>
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
@@ -9,12 +13,17 @@
 #include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QToolButton>
 #include <QVBoxLayout>
 
+#include "commun/Formes.h"
 #include "extraction/Animation.h"
+#include "extraction/CourseMedia.h"
 #include "extraction/FiltreFichiers.h"
 #include "extraction/RangeeOnglets.h"
 #include "fenetres/Etiquette.h"
+#include "fenetres/TextesQt.h"
 
 namespace {
 
@@ -47,20 +56,38 @@ PanneauxAssistant::PanneauxAssistant(QWidget& fenetre)
     corps->setSpacing(16);
     corps->addWidget(CreerInformations(), 3);
     corps->addWidget(CreerSaisies(), 2);
-    auto* mise = new QVBoxLayout(&fenetre);
+    contenu_ = new QWidget;
+    auto* mise = new QVBoxLayout(contenu_);
+    mise->setContentsMargins(0, 0, 0, 0);
     mise->addWidget(CreerMedias());
     mise->addLayout(corps);
     mise->addWidget(CreerAvancement());
     mise->addWidget(CreerDetails(), 1);
     mise->addStretch();
-    mise->addWidget(CreerBarre());
+
+    // Scrolls where the screen is too small for it, or the letters are too large.
+    auto* zone = new QScrollArea;
+    zone->setFrameShape(QFrame::NoFrame);
+    zone->setWidgetResizable(true);
+    zone->setFocusPolicy(Qt::NoFocus);
+    zone->setMinimumSize(400, 200);
+    zone->setWidget(contenu_);
+    contenu_->setAutoFillBackground(false);
+    zone->viewport()->setAutoFillBackground(false);
+    auto* tout = new QVBoxLayout(&fenetre);
+    tout->addWidget(zone, 1);
+    tout->addWidget(CreerBarre());
+    // Enter presses the button that has the focus, as in a dialog.
+    for (auto* presse : fenetre.findChildren<QPushButton*>())
+        presse->setAutoDefault(true);
 }
 
 QWidget* PanneauxAssistant::CreerMedias()
 {
     medias = new QGroupBox("Médias");
-    menu = new RangeeOnglets("Aucun support amovible");
+    menu = new RangeeOnglets("Aucun lecteur");
     menu->setObjectName("Menu");
+    menu->setAccessibleName("Médias");
     actualiser = new QPushButton("Act&ualiser");
     actualiser->setObjectName("Actualiser");
     dossier = new QPushButton("Dos&sier…");
@@ -87,12 +114,14 @@ QWidget* PanneauxAssistant::CreerInformations()
 
     grille->addWidget(new QLabel("Catalogue :"), 0, 1);
     catalogue = new Etiquette;
+    catalogue->setObjectName("Catalogue");
     grille->addWidget(catalogue, 0, 2);
     const char* textes[] = {"N° de série", "Standard", "Type", "Capacité total ", "Espace occupé ", "Espace libre "};
     for (int rang = 0; rang < 6; ++rang) {
         valeurs[rang] = new QLabel;
         valeurs[rang]->setObjectName(QString("Information%1").arg(rang));
         valeurs[rang]->setTextFormat(Qt::PlainText);
+        valeurs[rang]->setAccessibleDescription(textes[rang]);
         grille->addWidget(new QLabel(textes[rang]), rang + 1, 1);
         grille->addWidget(valeurs[rang], rang + 1, 2);
     }
@@ -135,20 +164,17 @@ QWidget* PanneauxAssistant::CreerAvancement()
     grille->setContentsMargins(0, 0, 0, 0);
     animation = new Animation;
     grille->addWidget(animation, 0, 0, 2, 1);
-    repertoires = new QLabel;
+    // They ask for no width, so that large numbers do not make the window grow.
+    repertoires = new Etiquette;
     repertoires->setObjectName("Repertoires");
-    fichiers = new QLabel;
+    fichiers = new Etiquette;
     fichiers->setObjectName("Fichiers");
-    descriptions = new QLabel;
+    descriptions = new Etiquette;
     descriptions->setObjectName("Descriptions");
     int colonne = 1;
-    for (QLabel* compteur : {repertoires, fichiers, descriptions}) {
-        // Room for large numbers from the start, so that the window does not grow while they do.
-        const QString etalon =
-            compteur == descriptions ? " 9999999 description(s) extraite(s)" : " 9999999 Répertoire(s) ...";
-        compteur->setMinimumWidth(compteur->fontMetrics().horizontalAdvance(etalon));
+    for (Etiquette* compteur : {repertoires, fichiers, descriptions}) {
         grille->addWidget(compteur, 0, colonne);
-        grille->setColumnStretch(colonne++, 1);
+        grille->setColumnStretch(colonne++, compteur == descriptions ? 4 : 3);
         Garder(compteur);
     }
 
@@ -177,6 +203,8 @@ QWidget* PanneauxAssistant::CreerDetails()
     disques = new QGroupBox("Disques ...");
     menuA = new RangeeOnglets("Aucun disque");
     menuA->setObjectName("MenuA");
+    menuA->setAccessibleName("Disques");
+    disques->hide();  // until there is one
     auto* rangee = new QHBoxLayout(disques);
     rangee->addWidget(menuA);
 
@@ -194,12 +222,19 @@ QWidget* PanneauxAssistant::CreerDetails()
     listeExtensions = new QComboBox;
     listeExtensions->setObjectName("ListeExtensions");
     listeExtensions->setAccessibleName("Filtre des fichiers");
+    listeExtensions->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    listeExtensions->setMinimumContentsLength(20);
     for (const FiltreFichiers& filtre : FiltresFichiers())
         listeExtensions->addItem(QString::fromStdString(filtre.nom));
     liste = new QListWidget;
     liste->setObjectName("Liste");
     liste->setAccessibleName("Contenu du média");
     liste->setUniformItemSizes(true);
+    // During a run it can't be used, but it is to be read.
+    QPalette couleurs = liste->palette();
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::Base})
+        couleurs.setColor(QPalette::Disabled, role, couleurs.color(QPalette::Active, role));
+    liste->setPalette(couleurs);
     liste->setMinimumHeight(3 * liste->fontMetrics().lineSpacing());
 
     auto* grille = new QGridLayout(details);
@@ -235,6 +270,58 @@ void PanneauxAssistant::MontrerAvancement(bool montrer) const
          {static_cast<QWidget*>(repertoires), static_cast<QWidget*>(fichiers), static_cast<QWidget*>(descriptions),
           static_cast<QWidget*>(progression), static_cast<QWidget*>(pourcentage)})
         controle->setVisible(montrer);
+}
+
+QSize PanneauxAssistant::TailleVoulue() const
+{
+    contenu_->layout()->activate();
+    const QLayout& tout = *barre->parentWidget()->layout();
+    const QMargins marges = tout.contentsMargins();
+    return contenu_->minimumSizeHint() + QSize(marges.left() + marges.right(), marges.top() + marges.bottom()) +
+           QSize(0, tout.spacing() + barre->sizeHint().height());
+}
+
+bool PanneauxAssistant::RemplirOnglets(const std::vector<LecteurVu>& premiers,
+                                       const std::vector<LecteurVu>& seconds) const
+{
+    menu->Remplir(premiers);
+    menuA->Remplir(seconds);
+    OrdonnerTouches();
+    const bool change = disques->isHidden() != seconds.empty();
+    disques->setHidden(seconds.empty());
+    return change;
+}
+
+// The Tab key goes as one reads; tabs made anew would come last.
+void PanneauxAssistant::OrdonnerTouches() const
+{
+    std::vector<QWidget*> ordre;
+    const auto ajouter = [&](std::initializer_list<QWidget*> controles) { ordre.insert(ordre.end(), controles); };
+    for (int numero = 0; numero < menu->Nombre(); ++numero)
+        ajouter({menu->Onglet(numero)});
+    ajouter({actualiser, dossier, identifiant, nom, ok});
+    for (int numero = 0; numero < menuA->Nombre(); ++numero)
+        ajouter({menuA->Onglet(numero)});
+    ordre.insert(ordre.end(), std::begin(compression), std::end(compression));
+    ajouter({listeExtensions, liste, etapes, bouton});
+    for (size_t rang = 1; rang < ordre.size(); ++rang)
+        QWidget::setTabOrder(ordre[rang - 1], ordre[rang]);
+}
+
+void PanneauxAssistant::Suivre(const Avancement& avancement) const
+{
+    const CompteursExtraction& compteurs = avancement.compteurs;
+    repertoires->setText(EnQString(Str(compteurs.repertoires) + " Répertoire(s) ..."));
+    fichiers->setText(EnQString(Str(compteurs.fichiers) + " Fichier(s) ..."));
+    descriptions->setText(EnQString(Str(compteurs.descriptions) + " description(s) extraite(s)"));
+    pourcentage->setText(EnQString(avancement.pourcentage));
+    progression->setRange(0, avancement.mesurable ? PleineBarre : 0);
+    progression->setValue(static_cast<int>(std::clamp(avancement.part, 0.0, 1.0) * PleineBarre));
+    ligne->setText(EnQString(avancement.ligne));
+    liste->clear();
+    for (const std::string& entree : avancement.entrees)
+        liste->addItem(EnQString(entree));
+    liste->scrollToBottom();
 }
 
 void PanneauxAssistant::Activer(bool actif) const

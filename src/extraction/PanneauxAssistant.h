@@ -1,5 +1,11 @@
 #pragma once
 
+#include <vector>
+
+#include <QSize>
+
+struct Avancement;
+struct LecteurVu;
 class Animation;
 class Etiquette;
 class QCheckBox;
@@ -23,6 +29,12 @@ struct PanneauxAssistant {
     // What is seen during a run only, and what can be used only when there is none.
     void MontrerAvancement(bool montrer) const;
     void Activer(bool actif) const;
+    // Fills the two rows of tabs; without a second row its frame goes too. True when that has changed the window's
+    // room.
+    bool RemplirOnglets(const std::vector<LecteurVu>& premiers, const std::vector<LecteurVu>& seconds) const;
+    void Suivre(const Avancement& avancement) const;
+    // Of the window, so that nothing has to be scrolled.
+    QSize TailleVoulue() const;
 
     RangeeOnglets* menu;
     RangeeOnglets* menuA;
@@ -45,14 +57,18 @@ struct PanneauxAssistant {
     QComboBox* listeExtensions;
     QListWidget* liste;
     Animation* animation;
-    QLabel* repertoires;
-    QLabel* fichiers;
-    QLabel* descriptions;
+    Etiquette* repertoires;
+    Etiquette* fichiers;
+    Etiquette* descriptions;
     QProgressBar* progression;
     QLabel* pourcentage;
     Etiquette* ligne;
 
 private:
+    void OrdonnerTouches() const;
+
+    QWidget* contenu_;
+
     QWidget* CreerMedias();
     QWidget* CreerInformations();
     QWidget* CreerSaisies();

@@ -4,10 +4,13 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QToolButton>
+
+#include "fenetres/TextesQt.h"
 
 namespace {
 
@@ -37,6 +40,7 @@ RangeeOnglets::RangeeOnglets(const QString& nomVide, QWidget* parent)
         bouton->setFocusPolicy(Qt::NoFocus);
     }
     zone_->setFrameShape(QFrame::NoFrame);
+    zone_->viewport()->setAutoFillBackground(false);
     zone_->setWidgetResizable(true);
     zone_->setFocusPolicy(Qt::NoFocus);
     zone_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -74,6 +78,8 @@ void RangeeOnglets::Remplir(const std::vector<LecteurVu>& lecteurs)
         onglet->setCheckable(true);
         onglet->setFocusPolicy(Qt::StrongFocus);
         onglet->setText(QString::fromStdString(lecteur.libelle).replace("&", "&&"));
+        onglet->setToolTip(EnBulle(lecteur.emplacement));
+        onglet->setAccessibleDescription(EnQString(lecteur.emplacement));
         onglet->installEventFilter(this);
         connect(onglet, &QToolButton::clicked, this, [this, numero](bool presse) {
             if (presse)
@@ -91,6 +97,7 @@ void RangeeOnglets::Remplir(const std::vector<LecteurVu>& lecteurs)
     }
     mise->addStretch(1);
     zone_->setWidget(contenu);
+    contenu->setAutoFillBackground(false);  // what is behind the row shows through
     // One line of tabs, bold ones included.
     QToolButton etalon(contenu);
     etalon.setText("X");
@@ -149,6 +156,13 @@ bool RangeeOnglets::eventFilter(QObject* objet, QEvent* evenement)
 {
     if (evenement->type() == QEvent::FocusIn)
         zone_->ensureWidgetVisible(static_cast<QWidget*>(objet));
+    if (evenement->type() == QEvent::KeyPress) {
+        const int touche = static_cast<QKeyEvent*>(evenement)->key();
+        if (touche == Qt::Key_Return || touche == Qt::Key_Enter) {
+            static_cast<QToolButton*>(objet)->click();
+            return true;
+        }
+    }
     return QWidget::eventFilter(objet, evenement);
 }
 

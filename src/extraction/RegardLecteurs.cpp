@@ -15,8 +15,13 @@ bool LecteurVu::Amovible() const
 std::vector<LecteurVu> RegarderLecteurs()
 {
     std::vector<LecteurVu> lecteurs;
-    for (const char lettre : LettresMachine())
-        lecteurs.push_back({lettre, TypeDuLecteur(lettre), LibelleLecteur(lettre)});
+    for (const LettreDonnee& donnee : LettresDonnees()) {
+        if (!donnee.presente)
+            continue;
+        const std::string racine = RacineDuLecteur(donnee.lettre);
+        lecteurs.push_back({donnee.lettre, donnee.type, LibelleLecteur(donnee.lettre),
+                            racine.empty() ? donnee.cible : NomEnTexte(racine)});
+    }
     return lecteurs;
 }
 

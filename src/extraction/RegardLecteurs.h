@@ -13,10 +13,12 @@
 struct LecteurVu {
     char lettre = 0;  // small
     uint32_t type = 0;
-    std::string libelle;  // "D [NOM]"
+    std::string libelle;      // "D [NOM]"
+    std::string emplacement;  // folder or device that it leads to, as text
 
-    // Discs that can be taken out have the first row of tabs, those that stay the second.
+    // A disc that can be taken out.
     bool Amovible() const;
+    bool operator==(const LecteurVu&) const = default;
 };
 std::vector<LecteurVu> RegarderLecteurs();
 

@@ -78,7 +78,7 @@ ReponseMedia VerifierCatalogue(const DemandeMedia& demande, Dialogues& dialogues
     }
     if (trouve.Eof())
         reponse.numero = EcrireCatalogue(trouve, demande);
-    else if (dialogues.Demander(question))
+    else if (dialogues.DemanderAvantPerte(question))
         reponse.numero = Remplacer(base, trouve, demande);
     reponse.accepte = reponse.numero != 0;
     return reponse;

@@ -36,6 +36,7 @@ void bsDrive::GetInfo(std::string_view lettre)
     VolumeLecteur volume;
     VolumeDuLecteur(basse, volume);
     nom_ = volume.nom.substr(0, volume.nom.find('\0'));
+    dossier_ = volume.dossier;
     serie_ = TexteSerie(volume.serie);
     systeme_ = volume.systeme.substr(0, volume.systeme.find('\0'));
 }
@@ -77,9 +78,10 @@ InfosLecteur AfficherInfo(const bsDrive& lecteur)
     infos.standard = lecteur.DriveFileSystem();
     infos.type = NomTypeLecteur(lecteur.DriveType());
     infos.serie = lecteur.DriveSerial();
-    infos.octetsOccupes = lecteur.DriveSpaceTotal() - lecteur.DriveSpaceFree();
+    const double occupes = lecteur.DriveSpaceTotal() - lecteur.DriveSpaceFree();
+    infos.octetsOccupes = lecteur.EstDossier() ? 0 : occupes;
     infos.total = FormatCapacite(lecteur.DriveSpaceTotal());
     infos.libre = FormatCapacite(lecteur.DriveSpaceFree());
-    infos.occupe = FormatCapacite(infos.octetsOccupes);
+    infos.occupe = FormatCapacite(occupes);
     return infos;
 }

@@ -20,12 +20,15 @@ public:
     const std::string& DriveLabel() const { return nom_; }
     const std::string& DriveSerial() const { return serie_; }
     const std::string& DriveFileSystem() const { return systeme_; }
+    // A folder given a letter: the byte counts are those of the volume that it lies on.
+    bool EstDossier() const { return dossier_; }
 
 private:
     std::string lettre_ = "C";
     uint32_t type_ = 0;
     double total_ = 0, libre_ = 0, disponible_ = 0;
     std::string nom_, serie_, systeme_;
+    bool dossier_ = false;
 };
 
 // "Disque Local"...; "Unknown" for a value outside the table.
@@ -40,6 +43,6 @@ std::string LibelleLecteur(char lettre);
 // What the wizard shows of a drive and VerifierCatalogue stores: texts, ready for display.
 struct InfosLecteur {
     std::string standard, type, serie, total, libre, occupe;
-    double octetsOccupes = 0;
+    double octetsOccupes = 0;  // of the drive alone; 0 when that is not known
 };
 InfosLecteur AfficherInfo(const bsDrive& lecteur);

@@ -129,7 +129,13 @@ void FenetreLecteurs::Retirer()
     const int rang = liste_->indexOfTopLevelItem(liste_->currentItem());
     if (rang < 0)
         return;
-    RetirerLettre(lettres_[static_cast<size_t>(rang)].lettre);
-    Consulter(0);
+    const LettreDonnee& donnee = lettres_[static_cast<size_t>(rang)];
+    if (!dialogues_.DemanderAvantPerte("Voulez-vous réellement retirer la lettre " + Nom(donnee.lettre).toStdString() +
+                                       " de : " + donnee.cible + " ?"))
+        return;
+    RetirerLettre(donnee.lettre);
+    // The one that moves up takes its place in the list.
+    const auto voisin = static_cast<size_t>(rang) + 1 < lettres_.size() ? rang + 1 : std::max(rang - 1, 0);
+    Consulter(lettres_[static_cast<size_t>(voisin)].lettre);
     liste_->setFocus();
 }

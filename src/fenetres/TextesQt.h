@@ -12,6 +12,12 @@ inline QString EnQString(std::string_view texte)
     return QString::fromUtf8(texte.data(), static_cast<qsizetype>(texte.size()));
 }
 
+// A text for a tool tip, where it would otherwise be taken for mark-up when it looks like it.
+inline QString EnBulle(std::string_view texte)
+{
+    return texte.empty() ? QString() : "<p>" + EnQString(texte).toHtmlEscaped() + "</p>";
+}
+
 // Signs that stand for the control characters of a text, each in the place of one letter.
 inline constexpr char16_t SigneNul = 0x2400, SigneEffacement = 0x2421;
 

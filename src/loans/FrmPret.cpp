@@ -180,7 +180,7 @@ void FrmPret::MajPersonne()
 void FrmPret::SupprimerPersonne()
 {
     QListWidgetItem* ligne = personnes_->currentItem();
-    if (!ligne || !dialogues_.Demander("Voulez-vous réellement supprimer cette personne de la liste ?"))
+    if (!ligne || !dialogues_.DemanderAvantPerte("Voulez-vous réellement supprimer cette personne de la liste ?"))
         return;
     Agir([ligne] {
         if (DeletePersonne(NumeroDe(ligne)))
@@ -191,7 +191,7 @@ void FrmPret::SupprimerPersonne()
 void FrmPret::SupprimerPret()
 {
     QListWidgetItem* ligne = prets_->currentItem();
-    if (!ligne || !dialogues_.Demander("Voulez-vous réellement retirer ce prêt de la liste ?"))
+    if (!ligne || !dialogues_.DemanderAvantPerte("Voulez-vous réellement retirer ce prêt de la liste ?"))
         return;
     Agir([ligne] {
         if (DeletePret(NumeroDe(ligne)))

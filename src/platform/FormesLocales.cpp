@@ -30,7 +30,7 @@ std::string FormatTaille(double octets)
         if (++i > 23)
             return "Out of bounds";
     const int groupe = i / 3;
-    x /= std::pow(1024.0, groupe);
+    x = std::ldexp(x, -10 * groupe);
     const int chiffres = x < 10 ? 1 : x < 100 ? 2 : x < 1000 ? 3 : 4;
     return FormatNombre(x, 4 - chiffres, true) + ' ' + unites[static_cast<size_t>(groupe)] + 'b';
 }

@@ -151,8 +151,8 @@ using Appareil = std::unique_ptr<udev_device, decltype(&udev_device_unref)>;
 
 Empreinte EmpreinteUdev(dev_t numero)
 {
-    // The library makes tables of its own at the first use, for one thread at a time. It reads a database and never waits
-    // for a drive.
+    // The library makes tables of its own at the first use, for one thread at a time. It reads a database and never
+    // waits for a drive.
     static std::mutex verrou;
     const std::lock_guard garde(verrou);
     const Udev contexte(udev_new(), &udev_unref);
@@ -411,8 +411,8 @@ bool VolumeDuLecteur(char lettre, VolumeLecteur& volume)
     // Inside a container the mount may not be told: the folder's own name is then all there is.
     Montage montage;
     const Empreinte empreinte = MontageDuDossier(racine, montage) ? EmpreinteDuMontage(montage) : Empreinte{};
-    const bool dossier = racine != "/" && Canonique(racine) != montage.point;
-    volume.nom = NomEnTexte(dossier ? racine.substr(racine.rfind('/') + 1) : empreinte.nom);
+    volume.dossier = racine != "/" && Canonique(racine) != montage.point;
+    volume.nom = NomEnTexte(volume.dossier ? racine.substr(racine.rfind('/') + 1) : empreinte.nom);
     volume.serie = SerieDepuisUuid(empreinte.systeme, empreinte.uuid);
     volume.systeme = empreinte.systeme;
     return true;

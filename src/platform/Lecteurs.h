@@ -25,9 +25,10 @@ struct EspaceLecteur {
 };
 
 struct VolumeLecteur {
-    std::string nom;      // label, or the folder's own name for a folder given a letter
-    uint32_t serie = 0;   // FAT or NTFS serial, else 32 bits folded from the UUID
-    std::string systeme;  // "ext4", "vfat", "iso9660"...
+    std::string nom;       // label, or the folder's own name for a folder given a letter
+    uint32_t serie = 0;    // FAT or NTFS serial, else 32 bits folded from the UUID
+    std::string systeme;   // "ext4", "vfat", "iso9660"...
+    bool dossier = false;  // a folder given a letter: all but its name is its volume's
 };
 
 // Looks at the machine, gives letters to volumes and optical drives that have none yet, and returns all letters that

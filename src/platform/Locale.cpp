@@ -28,7 +28,9 @@ std::string Chiffres(double valeur, int decimales)
 {
     if (valeur >= 1e15)
         return fmt::format("{:.0f}", valeur) + std::string(static_cast<size_t>(decimales), '0');
-    const double entier = valeur * std::pow(10, decimales);
+    double entier = valeur;
+    for (int rang = 0; rang < decimales; ++rang)
+        entier *= 10;
     const bool loinDuDemi = std::fabs(entier - std::floor(entier) - 0.5) > 1e-3;
     if (loinDuDemi && entier < 1e11)
         return fmt::format("{}", std::llround(entier));

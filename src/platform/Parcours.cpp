@@ -17,6 +17,7 @@
 #include "platform/Lecteurs.h"
 #include "platform/Locale.h"
 #include "platform/MontagesMachine.h"
+#include "platform/NomsDossier.h"
 
 namespace {
 constexpr size_t tailleTampon = 128 * 1024;
@@ -159,6 +160,23 @@ bool PointOuDeuxPoints(const char* nom)
 {
     return nom[0] == '.' && (nom[1] == '\0' || (nom[1] == '.' && nom[2] == '\0'));
 }
+
+// False when the directory can't be read to its end.
+bool LireNoms(int dossier, char* tampon, NomsDossier& noms)
+{
+    long lus = 0;
+    while ((lus = syscall(SYS_getdents64, dossier, tampon, tailleTampon)) > 0) {
+        for (long place = 0; place < lus;) {
+            EnteteEntree entete;
+            std::memcpy(&entete, tampon + place, sizeof entete);
+            const char* nom = tampon + place + sizeof entete;
+            place += entete.longueur;
+            if (!PointOuDeuxPoints(nom))
+                noms.Ajouter(nom, entete.type);
+        }
+    }
+    return lus == 0;
+}
 }  // namespace
 
 struct Parcours::Etat {
@@ -172,6 +190,7 @@ struct Parcours::Etat {
     std::vector<Niveau> niveaux;
     Attributs attributs = Attributs::Aucuns;
     std::unique_ptr<char[]> tampon;
+    NomsDossier noms;
 
     int Courant() const { return niveaux.empty() ? -1 : niveaux.back().dossier.Valeur(); }
     void Rouvrir(const Descripteur& dessous);
@@ -234,25 +253,23 @@ bool Parcours::Lister(const std::function<bool(const EntreeDossier&)>& recevoir)
     const int dossier = etat_->Courant();
     if (dossier < 0 || lseek(dossier, 0, SEEK_SET) != 0)
         return false;
+    // Both are this listing's own while it runs: the function may list another directory.
     std::unique_ptr<char[]> tampon = std::move(etat_->tampon);
     if (!tampon)
         tampon = std::make_unique_for_overwrite<char[]>(tailleTampon);
+    NomsDossier noms = std::move(etat_->noms);
+    noms.Vider();
+    const bool lu = LireNoms(dossier, tampon.get(), noms);
+    noms.Trier();
 
     EntreeDossier entree;
-    long lus = 0;
     bool continuer = true;
-    while (continuer && (lus = syscall(SYS_getdents64, dossier, tampon.get(), tailleTampon)) > 0) {
-        for (long place = 0; continuer && place < lus;) {
-            EnteteEntree entete;
-            std::memcpy(&entete, tampon.get() + place, sizeof entete);
-            const char* nom = tampon.get() + place + sizeof entete;
-            place += entete.longueur;
-            if (!PointOuDeuxPoints(nom) && Decrire(dossier, nom, entete.type, etat_->attributs, entree))
-                continuer = recevoir(entree);
-        }
-    }
+    for (size_t rang = 0; continuer && rang < noms.Nombre(); ++rang)
+        if (Decrire(dossier, noms.Nom(rang), noms.Type(rang), etat_->attributs, entree))
+            continuer = recevoir(entree);
     etat_->tampon = std::move(tampon);
-    return lus >= 0;
+    etat_->noms = std::move(noms);
+    return lu;
 }
 
 bool Parcours::Entrer(const std::string& nomReel)

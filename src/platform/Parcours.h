@@ -39,8 +39,8 @@ public:
     Parcours(const Parcours&) = delete;
     Parcours& operator=(const Parcours&) = delete;
 
-    // Hands each entry of the current directory over, "." and ".." left out, in the order of the system, until the
-    // function returns false. False when the directory can't be read.
+    // Hands each entry of the current directory over, "." and ".." left out, in the order of their names without regard
+    // to case (NomsDossier), until the function returns false. False when the directory can't be read.
     bool Lister(const std::function<bool(const EntreeDossier&)>& recevoir);
 
     // Goes down into a directory of the current one. False, the place unchanged, when it is gone, unreadable, or the

@@ -78,10 +78,8 @@ void Fenetres::CreerImpression()
     connect(impression_.get(), &frmImpression::sortieVoulue, this, [this] { Quitter(impression_.get()); });
 }
 
-void Fenetres::OuvrirAssistant(QWidget* depuis)
+void Fenetres::CreerAssistant()
 {
-    courante_ = "FrmSemiAuto";
-    depuisVue_ = depuis == vue_.get();
     assistant_ = std::make_unique<FrmSemiAuto>(
         dialogues_, travail_, [](std::string base, int64_t media, char lettre, QWidget* fenetre) {
             const QPoint coin = fenetre->mapToGlobal(QPoint());
@@ -90,10 +88,22 @@ void Fenetres::OuvrirAssistant(QWidget* depuis)
         });
     connect(assistant_.get(), &FrmSemiAuto::catalogueVoulu, this, [this] {
         precedente_ = "FrmSemi";
+        assistantLaisse_ = true;
         OuvrirVue(assistant_.get());
     });
     connect(assistant_.get(), &FrmSemiAuto::fermetureVoulue, this, &Fenetres::FermerAssistant);
     connect(assistant_.get(), &FrmSemiAuto::sortieVoulue, this, [this] { Quitter(assistant_.get()); });
+}
+
+void Fenetres::OuvrirAssistant(QWidget* depuis)
+{
+    courante_ = "FrmSemiAuto";
+    depuisVue_ = depuis == vue_.get();
+    if (assistantLaisse_)
+        assistant_->Reprendre();
+    else
+        CreerAssistant();
+    assistantLaisse_ = false;
     assistant_->show();
     depuis->hide();
 }

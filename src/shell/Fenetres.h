@@ -44,6 +44,7 @@ private:
     void CreerRecherche();
     void CreerImpression();
 
+    void CreerAssistant();
     void OuvrirAssistant(QWidget* depuis);
     void OuvrirVue(QWidget* depuis);
     void MontrerVue(QWidget* depuis);
@@ -70,6 +71,7 @@ private:
     QWidget* avantVue_ = nullptr;  // hands its place over to the browser once that is loaded
     std::string courante_ = "FrmMain";
     std::string precedente_;
-    bool depuisVue_ = false;  // the wizard was opened from the browser
+    bool depuisVue_ = false;        // the wizard was opened from the browser
+    bool assistantLaisse_ = false;  // it was left for a look at the catalogue: what was typed waits in it
     bool quitte_ = false;
 };

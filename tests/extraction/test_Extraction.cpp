@@ -229,6 +229,19 @@ TEST_F(ExtractionTest, AbandonneeEnChemin)
     EXPECT_EQ(Lignes("select * from LE", {"Data"})[0], ListeExtensions().empty() ? " " : ListeExtensions());
 }
 
+TEST_F(ExtractionTest, MontreLesDernieresEntrees)
+{
+    Remplir(150);
+    Extraction extraction(BaseCourante(), Inscrire("M", "Montrée").numero, lettre_, 0, false);
+    EXPECT_FALSE(extraction.Lire().mesurable);
+    ASSERT_EQ(extraction.Executer(), FinExtraction::Complete);
+    const std::vector<std::string> entrees = extraction.Lire().entrees;
+    ASSERT_EQ(entrees.size(), 64U);
+    EXPECT_EQ(entrees[13], "un nom assez long 99");
+    EXPECT_EQ(entrees[14], "un nom assez long 100");
+    EXPECT_EQ(entrees.back(), "un nom assez long 149");
+}
+
 TEST_F(ExtractionTest, DisquePlein)
 {
     Remplir(3000);

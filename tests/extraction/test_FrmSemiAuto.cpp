@@ -1,7 +1,11 @@
 #include "extraction/FrmSemiAuto.h"
 
 #include <memory>
+#include <set>
 
+#include <QAccessible>
+
+#include "commun/Formes.h"
 #include "extraction/FiltreFichiers.h"
 #include "extraction/FrmGetDrive.h"
 #include "extraction/FrmResultat.h"
@@ -48,7 +52,14 @@ protected:
 
     void Ouvrir()
     {
-        fenetre_ = std::make_unique<FrmSemiAuto>(questions_, travailleur_, FabriqueCourseCD());
+        // The drives of the machine, of which these and no others can be taken out.
+        const auto machine = [amovibles = amovibles_] {
+            std::vector<LecteurVu> lecteurs = RegarderLecteurs();
+            for (LecteurVu& lecteur : lecteurs)
+                lecteur.type = amovibles.find(lecteur.lettre) != std::string::npos ? LecteurAmovible : LecteurFixe;
+            return lecteurs;
+        };
+        fenetre_ = std::make_unique<FrmSemiAuto>(questions_, travailleur_, FabriqueCourseCD(), machine);
         QObject::connect(fenetre_.get(), &FrmSemiAuto::fermetureVoulue, fenetre_.get(), [this] { ++fermetures_; });
         fenetre_->show();
         menu_ = Enfant<RangeeOnglets>(*fenetre_, "Menu");
@@ -86,6 +97,7 @@ protected:
 
     std::string TexteOK() const { return ok_->text().remove('&').toStdString(); }
 
+    std::string amovibles_;
     Questions questions_;
     QObject contexte_;
     Travail travailleur_{ReveilFenetre(&contexte_, [this] { travailleur_.Livrer(); })};
@@ -97,12 +109,14 @@ protected:
 };
 
 // Closes the result window as the user does and keeps its lines.
-void LireResultat(QTimer& minuterie, std::vector<std::string>& lignes)
+void LireResultat(
+    QTimer& minuterie, std::vector<std::string>& lignes, const std::function<void()>& avant = [] {})
 {
-    QObject::connect(&minuterie, &QTimer::timeout, [&] {
+    QObject::connect(&minuterie, &QTimer::timeout, [&, avant] {
         auto* resultat = dynamic_cast<FrmResultat*>(QApplication::activeModalWidget());
         if (!resultat)
             return;
+        avant();
         for (const char* nom : {"Resultat0", "Resultat1", "Resultat2", "Resultat3"})
             lignes.push_back(Enfant<QLabel>(*resultat, nom)->text().toStdString());
         resultat->findChild<QPushButton*>()->click();
@@ -129,15 +143,15 @@ TEST_F(Assistant, TabsAreReadableInAllColours)
     for (const QColor fond : {QColor(Qt::white), QColor(32, 32, 32)}) {
         QApplication::setPalette(QPalette(fond));
         Ouvrir();
-        ASSERT_GE(menuA_->Nombre(), 2);
-        menuA_->Onglet(0)->click();
+        ASSERT_GE(menu_->Nombre(), 2);
+        menu_->Onglet(0)->click();
         Consulter();
         for (const bool choisi : {true, false}) {
-            const auto [clair, sombre, papier] = extremes(menuA_->Onglet(choisi ? 0 : 1));
+            const auto [clair, sombre, papier] = extremes(menu_->Onglet(choisi ? 0 : 1));
             EXPECT_GT(clair, 200) << choisi;
             EXPECT_LT(sombre, 110) << choisi;
             EXPECT_EQ(papier > 200, choisi);
-            EXPECT_EQ(menuA_->Onglet(choisi ? 0 : 1)->font().bold(), choisi);
+            EXPECT_EQ(menu_->Onglet(choisi ? 0 : 1)->font().bold(), choisi);
         }
     }
     QApplication::setPalette(avant);
@@ -175,47 +189,152 @@ TEST_F(Assistant, TellsWhereADefaultBaseWithMediaHasGone)
     EXPECT_EQ(Compter(Medias), 0);
 }
 
+// With no disc to be taken out the others stand in the first row.
 TEST_F(Assistant, RemembersTheTab)
 {
-    ASSERT_GE(menuA_->Nombre(), 2);
-    const int dernier = menuA_->Nombre() - 1;
-    menuA_->Onglet(dernier)->click();
-    EXPECT_EQ(Reglage("Drive"), "A" + std::to_string(dernier));
-    menuA_->Onglet(dernier)->click();
-    EXPECT_TRUE(menuA_->Onglet(dernier)->isChecked()) << "a second press releases nothing";
-
-    menuA_->Onglet(0)->click();
-    SaveSetting(SectionSettings, "Drive", "A" + std::to_string(dernier));
-    Enfant<QPushButton>(*fenetre_, "Actualiser")->click();
-    Consulter();
-    EXPECT_EQ(menuA_->Choisi(), dernier);
-
-    // No tab, one that has gone, and nonsense all fall to the default.
-    for (const char* valeur : {"A99", "57", "-3", "x"}) {
+    const auto actualiser = [this](const std::string& valeur) {
         SaveSetting(SectionSettings, "Drive", valeur);
         Enfant<QPushButton>(*fenetre_, "Actualiser")->click();
         Consulter();
-        EXPECT_EQ((menu_->Nombre() > 0 ? menu_ : menuA_)->Choisi(), 0) << valeur;
+    };
+    DonnerLettre('y', travail_.string());
+    for (const char* amovibles : {"y", ""}) {
+        SCOPED_TRACE(amovibles);
+        amovibles_ = amovibles;
+        Ouvrir();
+        RangeeOnglets* rangee = *amovibles ? menuA_ : menu_;
+        const std::string lettre = *amovibles ? "A" : "";
+        ASSERT_GE(rangee->Nombre(), 2);
+        EXPECT_EQ(menu_->Position('y'), *amovibles ? 0 : menu_->Nombre() - 1);
+        EXPECT_EQ(menuA_->isVisible(), *amovibles != 0);
+        EXPECT_EQ(rangee->Onglet(0)->toolTip(), "<p>/</p>");
+        const int dernier = rangee->Nombre() - 1;
+        rangee->Onglet(dernier)->click();
+        EXPECT_EQ(Reglage("Drive"), lettre + std::to_string(dernier));
+        rangee->Onglet(dernier)->click();
+        EXPECT_TRUE(rangee->Onglet(dernier)->isChecked()) << "a second press releases nothing";
+
+        rangee->Onglet(0)->click();
+        actualiser(lettre + std::to_string(dernier));
+        EXPECT_EQ(rangee->Choisi(), dernier);
+        // No tab, one that has gone, and nonsense all fall to the default.
+        for (const char* valeur : {"A99", "57", "-3", "x"}) {
+            actualiser(valeur);
+            EXPECT_EQ(menu_->Choisi(), 0) << valeur;
+        }
     }
+    actualiser("A1");
+    EXPECT_EQ(menu_->Choisi(), 1) << "remembered while there was a second row";
 }
 
 TEST_F(Assistant, HidingTheDetailsGivesUpADriveNoLongerSeen)
 {
-    ChoisirDisque();
-    auto* etapes = Enfant<QPushButton>(*fenetre_, "Etapes");
-    EXPECT_EQ(etapes->text().remove('&'), " Cacher Détails ");
-    etapes->click();
-    Consulter();
-    EXPECT_EQ(menuA_->Choisi(), RangeeOnglets::Aucun);
-    EXPECT_EQ(ok_->isEnabled(), menu_->Nombre() > 0);
-    EXPECT_EQ(Reglage("Methode"), " Montrer Détails ");
+    DonnerLettre('y', travail_.string());
+    for (const char* amovibles : {"y", ""}) {
+        SCOPED_TRACE(amovibles);
+        amovibles_ = amovibles;
+        Ouvrir();
+        ChoisirDisque();
+        auto* etapes = Enfant<QPushButton>(*fenetre_, "Etapes");
+        EXPECT_EQ(etapes->text().remove('&'), " Cacher Détails ");
+        etapes->click();
+        Consulter();
+        EXPECT_EQ(menuA_->Choisi(), RangeeOnglets::Aucun);
+        EXPECT_EQ(menu_->Choisi(), *amovibles ? 0 : menu_->Position(lettre_));
+        EXPECT_TRUE(ok_->isEnabled());
+        EXPECT_EQ(Reglage("Methode"), " Montrer Détails ");
 
+        Ouvrir();
+        EXPECT_TRUE(Enfant<QWidget>(*fenetre_, "Details")->isHidden());
+        EXPECT_TRUE(ok_->isEnabled());
+        Enfant<QPushButton>(*fenetre_, "Etapes")->click();
+        Consulter();
+        EXPECT_EQ(Reglage("Methode"), " Cacher Détails ");
+    }
+}
+
+// Every control has its name and its turn, every letter one control; Escape and Enter do what they do everywhere.
+TEST_F(Assistant, KeyboardAlone)
+{
+    amovibles_ = lettre_;
     Ouvrir();
-    EXPECT_TRUE(Enfant<QWidget>(*fenetre_, "Details")->isHidden());
-    Enfant<QPushButton>(*fenetre_, "Etapes")->click();
+    auto* identifiant = Enfant<QLineEdit>(*fenetre_, "Identifiant");
+    std::string tour;
+    for (QWidget* suivant = identifiant->nextInFocusChain(); suivant != identifiant;
+         suivant = suivant->nextInFocusChain()) {
+        if (!(suivant->focusPolicy() & Qt::TabFocus) || !suivant->isVisible())
+            continue;
+        auto* onglet = qobject_cast<QToolButton*>(suivant);
+        tour += (onglet ? menu_->isAncestorOf(onglet) ? "1" : "2" : suivant->objectName().toStdString()) + " ";
+        QAccessibleInterface* voix = QAccessible::queryAccessibleInterface(suivant);
+        EXPECT_FALSE(voix->text(QAccessible::Name).isEmpty()) << tour;
+    }
+    const std::string seconde = [this] {
+        std::string onglets;
+        for (int i = 0; i < menuA_->Nombre(); ++i)
+            onglets += "2 ";
+        return onglets;
+    }();
+    EXPECT_EQ(tour, "Label OK " + seconde +
+                        "Compression0 Compression1 Compression2 Compression3 ListeExtensions Liste Etapes Bouton 1 "
+                        "Actualiser Dossier ");
+
+    std::string lettres;
+    for (const QWidget* controle : fenetre_->findChildren<QWidget*>())
+        if (const QString texte = controle->property("text").toString(); texte.contains('&'))
+            lettres += texte[texte.indexOf('&') + 1].toUpper().toLatin1();
+    EXPECT_EQ(std::set<char>(lettres.begin(), lettres.end()).size(), lettres.size()) << lettres;
+
+    QKeyEvent entree(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier),
+        repetee(entree.type(), Qt::Key_Return, {}, {}, true);
+    QApplication::sendEvent(menuA_->Onglet(0), &entree);
     Consulter();
-    EXPECT_TRUE(ok_->isEnabled());
-    EXPECT_EQ(Reglage("Methode"), " Cacher Détails ");
+    EXPECT_EQ(menuA_->Choisi(), 0);
+
+    Remplir(2000);
+    Saisir("CD 1", "Vacances");
+    const auto echapper = [this] {
+        for (auto* raccourci : fenetre_->findChildren<QShortcut*>())
+            if (raccourci->key() == QKeySequence(Qt::Key_Escape))
+                emit raccourci->activated();
+    };
+    QApplication::sendEvent(ok_, &entree);
+    EXPECT_TRUE(fenetre_->EnCours());
+    QApplication::sendEvent(ok_, &repetee);
+    EXPECT_TRUE(questions_.dites.empty()) << "held down";
+    echapper();
+    EXPECT_EQ(questions_.pertes, 1U);
+    ASSERT_TRUE(Attendre([&] { return !fenetre_->EnCours(); }));
+    EXPECT_EQ(fermetures_, 0);
+    EXPECT_EQ(Compter(Medias), 0);
+    echapper();
+    EXPECT_EQ(fermetures_, 1);
+}
+
+TEST_F(Assistant, FitsASmallScreenAndScrollsWithLargeLetters)
+{
+    const QFont avant = QApplication::font();
+    amovibles_ = lettre_;
+    for (const int points : {avant.pointSize(), 24}) {
+        QFont police = avant;
+        police.setPointSize(points);
+        QApplication::setFont(police);
+        Ouvrir();
+        EXPECT_LE(fenetre_->height(), fenetre_->screen()->availableSize().height());
+        fenetre_->resize(800, 560);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(fenetre_->size(), QSize(800, 560)) << points;
+        auto* zone = qobject_cast<QScrollArea*>(
+            Enfant<QWidget>(*fenetre_, "Details")->parentWidget()->parentWidget()->parentWidget());
+        ASSERT_TRUE(zone);
+        if (points == 24) {
+            EXPECT_GT(zone->verticalScrollBar()->maximum(), 0);
+            continue;
+        }
+        EXPECT_EQ(zone->verticalScrollBar()->maximum(), 0);
+        EXPECT_EQ(zone->horizontalScrollBar()->maximum(), 0);
+    }
+    QApplication::setFont(avant);
 }
 
 TEST_F(Assistant, CompressionTag)
@@ -242,13 +361,23 @@ TEST_F(Assistant, ReadsAMediaAndTellsWhatItFound)
 
     Saisir("CD 1", "Vacances");
     QTimer minuterie;
-    std::vector<std::string> lignes;
-    LireResultat(minuterie, lignes);
+    std::vector<std::string> lignes, lues;
+    auto* barre = fenetre_->findChild<QProgressBar*>();
+    LireResultat(minuterie, lignes, [&] {
+        auto* liste = Enfant<QListWidget>(*fenetre_, "Liste");
+        for (int rang = 0; rang < liste->count(); ++rang)
+            lues.push_back(liste->item(rang)->text().toStdString());
+        EXPECT_GT(barre->maximum(), 0);
+        EXPECT_EQ(barre->value(), barre->maximum());
+    });
     Presser("Label", Qt::Key_Return);
     EXPECT_EQ(TexteOK(), "Abandon");
+    EXPECT_EQ(barre->maximum(), 0) << "nobody knows what a folder holds";
+    EXPECT_EQ(Enfant<QLabel>(*fenetre_, "Pourcentage")->text(), "");
     ASSERT_TRUE(Attendre([&] { return !fenetre_->EnCours(); }));
 
     EXPECT_EQ(lignes, (std::vector<std::string>{"1", "2", "0", "0"}));
+    EXPECT_EQ(lues, (std::vector<std::string>{"lettre.txt", "photos\\", "été.jpg"}));
     EXPECT_EQ(Lignes("select * from Catalogue where Flag = true order by Num", {"Identifiant", "Label"}),
               std::vector<std::string>{"CD 1|Vacances"});
     EXPECT_EQ(TexteOK(), "Recherche");
@@ -259,6 +388,7 @@ TEST_F(Assistant, ReadsAMediaAndTellsWhatItFound)
     questions_.oui = false;
     Saisir("CD 1", "Autre");
     ok_->click();
+    EXPECT_EQ(questions_.pertes, 1U);
     EXPECT_FALSE(fenetre_->EnCours());
     EXPECT_EQ(Compter(Medias), 1);
 }
@@ -323,21 +453,45 @@ TEST_F(Assistant, FilterNarrowsTheList)
     EXPECT_EQ(liste->item(1)->text(), "photos\\");
 }
 
-TEST_F(Assistant, DriveChooserKeepsTheLetter)
+// The drive chooser, asked for what only the test's own folder holds.
+TEST_F(Assistant, DriveChooserTakesOnlyADriveThatHoldsIt)
 {
     Inscrire("CD 1", "Vacances");
+    const auto contient = [voulue = lettre_](char lettre) { return lettre == voulue; };
     // A stranger's base names what is decoded: pictures of icon files only.
     const std::string dessin = "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>";
-    FrmGetDrive choix({"Vacances", "CD 1", dessin, " L'unité actuelle : D:"});
+    FrmGetDrive choix({"Vacances", "CD 1", dessin, " L'unité actuelle : D:", contient});
     for (const QLabel* texte : choix.findChildren<QLabel*>())
         EXPECT_TRUE(texte->pixmap().isNull());
+    choix.show();
     auto* liste = choix.findChild<QTreeWidget*>();
-    ASSERT_TRUE(Attendre([&] { return liste->topLevelItemCount() > 0; }));
-    const auto lettres = LettresMachine();
-    const auto rang = std::find(lettres.begin(), lettres.end(), lettre_) - lettres.begin();
-    liste->setCurrentItem(liste->topLevelItem(static_cast<int>(rang)));
+    auto* avis = Enfant<QLabel>(choix, "Avis");
+    auto* valider = choix.findChild<QPushButton*>();
+    const auto ligne = [&](char lettre) {
+        const auto trouvees = liste->findItems(QString(QChar(LettreCapitale(lettre))) + " [", Qt::MatchStartsWith);
+        return trouvees.isEmpty() ? nullptr : trouvees.first();
+    };
+    ASSERT_TRUE(Attendre([&] { return ligne(lettre_); }));
+    EXPECT_TRUE(liste->selectedItems().isEmpty()) << "the user chooses";
+    EXPECT_FALSE(valider->isEnabled());
+
+    liste->setCurrentItem(ligne('c'));
+    valider->click();
+    ASSERT_TRUE(Attendre([&] { return avis->text() == "Le lecteur C: ne contient pas l'élément demandé !"; }));
+    EXPECT_TRUE(choix.isVisible());
+    EXPECT_EQ(choix.Lettre(), 0);
+    EXPECT_EQ(Lignes(Medias, {"Disque"}), std::vector<std::string>{""}) << "no letter is kept";
+
+    // A medium that comes is seen, and what was chosen stays so.
+    DonnerLettre('y', travail_.string());
+    ASSERT_TRUE(Attendre([&] { return ligne('y'); }));
+    EXPECT_EQ(liste->selectedItems(), QList<QTreeWidgetItem*>{ligne('c')});
+
+    liste->setCurrentItem(ligne(lettre_));
+    EXPECT_EQ(avis->text(), "");
     EXPECT_TRUE(liste->currentItem()->text(0).endsWith(" [" + QString::fromStdString(disque_.filename()) + "]"));
-    choix.findChild<QPushButton*>()->click();
-    EXPECT_EQ(choix.Lettre(), lettre_ - 'a' + 'A');
+    valider->click();
+    ASSERT_TRUE(Attendre([&] { return !choix.isVisible(); }));
+    EXPECT_EQ(choix.Lettre(), LettreCapitale(lettre_));
     EXPECT_EQ(Lignes(Medias, {"Disque"}), std::vector<std::string>{std::string(1, choix.Lettre())});
 }

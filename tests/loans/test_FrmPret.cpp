@@ -119,6 +119,7 @@ TEST_F(Prets, ABorrowerGoesAndTheLoansStay)
     Bouton(0)->click();
     Calmer(travailleur_);
     EXPECT_EQ(dialogues_.dites, Liste(2, "Voulez-vous réellement supprimer cette personne de la liste ?"));
+    EXPECT_EQ(dialogues_.pertes, 2U);
     EXPECT_EQ(Textes(*Personnes()), (Liste{" , Dupont", "anne, Seul"}));
     EXPECT_EQ(Saisie(0)->text(), "Seul") << "the fields follow to the next row";
     EXPECT_EQ(Sql("select NPret from Catalogue order by Num"), (Liste{"7", "7", "(null)"}));
@@ -143,6 +144,7 @@ TEST_F(Prets, ALoanEnds)
     Bouton(1)->click();
     Calmer(travailleur_);
     EXPECT_EQ(dialogues_.dites, Liste{"Voulez-vous réellement retirer ce prêt de la liste ?"});
+    EXPECT_EQ(dialogues_.pertes, 1U);
     EXPECT_EQ(Textes(*Medias()), Liste{"Zèbre"});
     EXPECT_EQ(Sql("select NPret from Catalogue order by Num"), (Liste{"7", "0", "(null)"}));
 }

@@ -11,6 +11,7 @@ public:
     bool oui = true;
     std::string fichier;  // or folder; none: gives up
     std::vector<std::string> dites;
+    size_t pertes = 0;  // of these, questions that Enter alone must not answer
     std::vector<DemandeFichier> demandes;
 
     void Informer(const std::string& texte) override { dites.push_back(texte); }
@@ -18,6 +19,11 @@ public:
     {
         dites.push_back(question);
         return oui;
+    }
+    bool DemanderAvantPerte(const std::string& question, const std::string& titre) override
+    {
+        ++pertes;
+        return Demander(question, titre);
     }
     std::string ChoisirFichier(const DemandeFichier& demande) override
     {

@@ -1,6 +1,8 @@
 #include <unistd.h>
 
+#include <iterator>
 #include <map>
+#include <sstream>
 
 #include "outils/Enfant.h"
 #include "outils/Environnement.h"
@@ -71,6 +73,30 @@ TEST_F(ParcoursDossier, NomsDifficiles)
         EXPECT_EQ(Texte(parcours.Ouvrir(entrees.at(reel))), texte);
         EXPECT_EQ(CheminReel('t', {texte}), (travail_ / reel).string());
     }
+}
+
+// Whatever order the volume keeps: capitals and small letters side by side, ties by their bytes, accents behind all
+// plain letters. Asked again from within, each listing keeps its own.
+TEST_F(ParcoursDossier, DansLOrdreDesNoms)
+{
+    std::istringstream voulu("00004 00006 00007 A a a.b B b1 B2 zoo.10 Zoo.9 _bas Éa éB \xE9t\xE9");
+    const std::vector<std::string> ordre{std::istream_iterator<std::string>(voulu), {}};
+    for (size_t rang = ordre.size(); rang-- > 0;)
+        Ecrire(travail_ / ordre[rang], "");
+    Executer("for i in $(seq 3000); do : > B2-$i; done; mkdir B2-0; touch B2-0/z B2-0/y");
+    std::vector<std::string> noms, dedans;
+    Parcours parcours('t');
+    parcours.Lister([&](const EntreeDossier& entree) {
+        if (!entree.nom.starts_with("B2-"))
+            noms.push_back(entree.nomReel);
+        if (parcours.Entrer(entree.nomReel)) {
+            parcours.Lister([&](const EntreeDossier& sous) { return dedans.push_back(sous.nom), true; });
+            parcours.Remonter();
+        }
+        return true;
+    });
+    EXPECT_EQ(noms, ordre);
+    EXPECT_EQ(dedans, (std::vector<std::string>{"y", "z"}));
 }
 
 TEST_F(ParcoursDossier, SeulsLesFichiersOrdinairesSOuvrent)

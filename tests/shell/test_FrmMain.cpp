@@ -198,3 +198,22 @@ TEST_F(Depart, BrowserOpenedFromTheWizardEndsTheProgram)
     EXPECT_EQ(fins_, 1);
     EXPECT_EQ(GetSetting(SectionSettings, "MainWidth", ""), "12000") << "kept by every way out";
 }
+
+TEST_F(Depart, WhatIsTypedInTheWizardWaitsForALookAtTheCatalogue)
+{
+    Presser("Extraire");
+    auto* assistant = Fenetre<FrmSemiAuto>();
+    const auto identifiant = [] { return Enfant<QLineEdit>(*Fenetre<FrmSemiAuto>(), "Identifiant"); };
+    identifiant()->setText("CD 1");
+    Enfant<QAbstractButton>(*assistant, "Bouton")->click();
+    Calme();
+    FixerBaseCourante((travail_ / "autre.vlr").string());
+    Ecrire(BaseCourante(), "");
+    emit Fenetre<frmView>()->ajoutVoulu();
+    EXPECT_TRUE(assistant->isVisible());
+    EXPECT_EQ(identifiant()->text(), "CD 1");
+    EXPECT_EQ(Enfant<QLabel>(*assistant, "Catalogue")->text().toStdString(), BaseCourante());
+    Fermer(assistant);
+    emit Fenetre<frmView>()->ajoutVoulu();
+    EXPECT_EQ(identifiant()->text(), "") << "closed, it begins anew";
+}

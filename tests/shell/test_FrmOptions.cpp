@@ -167,8 +167,22 @@ TEST_F(Preferences, GivesALetterToAFolderAndTakesItBack)
     Ouvrir();
     ASSERT_TRUE(Attendre([this] { return Lecteur("T:"); }));
     EXPECT_TRUE(Lecteur("T:")->text(1).endsWith(" (absent)"));
+    DonnerLettre('s', "/usr");
+    DonnerLettre('u', "/usr");
+    Onglets()->setCurrentIndex(0);
+    Onglets()->setCurrentIndex(3);
+    ASSERT_TRUE(Attendre([this] { return Lecteur("U:"); }));
     Lecteurs()->setCurrentItem(Lecteur("T:"));
+    dialogues_.oui = false;
     Bouton("Retirer")->click();
-    EXPECT_TRUE(Attendre([this] { return !Lecteur("T:"); }));
+    EXPECT_EQ(dialogues_.dites.back(), "Voulez-vous réellement retirer la lettre T: de : " + travail_.string() + " ?");
+    EXPECT_EQ(dialogues_.pertes, 1U);
+    dialogues_.oui = true;
+    for (const auto& [partie, reste] : {std::pair{"T:", "U:"}, {"U:", "S:"}, {"S:", ""}}) {
+        ASSERT_EQ(Lecteurs()->currentItem(), Lecteur(partie)) << "the place in the list stays";
+        Bouton("Retirer")->click();
+        EXPECT_TRUE(Attendre([this, partie = partie] { return !Lecteur(partie); }));
+        EXPECT_TRUE(!*reste || Lecteurs()->currentItem() == Lecteur(reste)) << partie;
+    }
     EXPECT_EQ(Enfant<QComboBox>(*fenetre_, "Libres")->count(), nombre);
 }
