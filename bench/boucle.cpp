@@ -6,15 +6,20 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <memory>
+#include <string>
+#include <utility>
 
 #include <QApplication>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTimer>
 #include <QToolButton>
 #include <QTreeView>
 
+#include "browser/FrmDescription.h"
 #include "browser/frmView.h"
 #include "platform/Chemins.h"
 #include "search/frmRecherche.h"
@@ -74,8 +79,7 @@ void ParcourirTout(const std::string& base)
     auto* arbre = vue->findChild<QTreeView*>("tvTreeView");
     Mesurer("deplier", travail, [&] { arbre->expand(arbre->currentIndex()); });
     Mesurer("media", travail, [&] { emit arbre->clicked(arbre->currentIndex()); });
-    Mesurer("trier_liste", travail,
-            [&] { emit vue->findChild<QTreeView*>("lvRapport")->header()->sectionClicked(0); });
+    Mesurer("trier_liste", travail, [&] { emit vue->findChild<QTreeView*>("lvRapport")->header()->sectionClicked(0); });
     Mesurer("fenetre_recherche", travail, [&] { emit vue->rechercheVoulue(); });
     auto* recherche = Fenetre<frmRecherche>();
     recherche->findChild<QLineEdit*>("Saisie0")->setText("*");
@@ -84,10 +88,38 @@ void ParcourirTout(const std::string& base)
     Mesurer("chercher_tout", travail, [&] { ok->click(); });
     std::printf("chercher_tout.resultats: %d\n", resultats->model()->rowCount());
     Mesurer("trier_resultats", travail, [&] { emit resultats->header()->sectionClicked(1); });
-    Mesurer("bas_de_liste", travail, [&] {
-        resultats->setCurrentIndex(resultats->model()->index(resultats->model()->rowCount() - 1, 0));
-    });
+    Mesurer("bas_de_liste", travail,
+            [&] { resultats->setCurrentIndex(resultats->model()->index(resultats->model()->rowCount() - 1, 0)); });
     Mesurer("vider", travail, [&] { recherche->close(); });
+}
+
+// Descriptions of several megabytes in the editor: from opening to the whole text, a key pressed in it, and OK.
+void EcrireLongsTextes()
+{
+    Muet dialogues;
+    Travail aucun([] {});
+    constexpr int taille = 5'000'000;
+    const std::pair<const char*, int> textes[] = {
+        {"lignes_courtes", 10}, {"lignes_longues", 100'000}, {"une_ligne", taille}};
+    for (const auto& [nom, ligne] : textes) {
+        std::string texte;
+        while (texte.size() < taille)
+            texte += std::string(static_cast<size_t>(ligne), 'l') + "\r\n";
+        texte[100] = '\0';
+        std::unique_ptr<FrmDescription> editeur;
+        const std::string etape = nom;
+        Mesurer((etape + ".ouvrir").c_str(), aucun, [&] {
+            editeur = std::make_unique<FrmDescription>(
+                dialogues, "nom", Description{texte, ""}, [](const Description&) { return true; }, nullptr);
+            editeur->show();
+        });
+        auto* saisie = editeur->findChild<QPlainTextEdit*>("Saisie");
+        while (saisie->isReadOnly())
+            Mesurer((etape + ".suite").c_str(), aucun, [] {});
+        Mesurer((etape + ".fin").c_str(), aucun, [&] { saisie->moveCursor(QTextCursor::End); });
+        Mesurer((etape + ".frappe").c_str(), aucun, [&] { saisie->insertPlainText("x"); });
+        Mesurer((etape + ".ok").c_str(), aucun, [&] { editeur->accept(); });
+    }
 }
 
 }  // namespace
@@ -103,6 +135,7 @@ int main(int argc, char** argv)
     Q_INIT_RESOURCE(velourne);
     QApplication application(argc, argv);
     setlocale(LC_NUMERIC, "C");
+    EcrireLongsTextes();
     ParcourirTout(argv[1]);
     return 0;
 }

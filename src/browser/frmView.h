@@ -12,6 +12,7 @@
 
 #include "browser/ActionsVue.h"
 #include "browser/EditionVue.h"
+#include "browser/EtatArbre.h"
 #include "browser/ImagesCatalogue.h"
 #include "browser/ModeleArbre.h"
 #include "browser/ModeleListe.h"
@@ -95,8 +96,13 @@ private:
     void ChangerDeBase(const std::function<bool()>& changer);
     void MontrerBase();
 
+    struct Chargement;
+    void NoterEtatArbre();
+    void Montrer(Chargement& charge);
+    void Reprendre();
     void Montrer(Lecture& lecture);
     void MontrerNavigateur();
+    void MontrerStatut();
     void MontrerTitreIcone();
     void MontrerPhoto();
     void ViderNavigateur();
@@ -132,7 +138,11 @@ private:
 
     bool enChargement_ = false;
     bool selectionProgrammee_ = false;
+    EtatArbre etat_;                             // of the tree that was shown last
+    bool focusAilleurs_ = false;                 // was on what a reload leaves in its place
+    std::string avis_;                           // shown in the status line until the next click
     std::string itemVoulu_;                      // to be selected when its node has been read
     std::shared_ptr<std::atomic<double>> part_;  // of the work that runs
     QTimer noeudAMontrer_, itemAMontrer_, suivi_;
+    QTimer reprise_;  // runs while the base can't be opened
 };
