@@ -264,7 +264,8 @@ bool frmView::ChargerArbre()
 // A tree that could not be loaded knows nothing of what was open: what was noted before stays.
 void frmView::NoterEtatArbre()
 {
-    focusAilleurs_ = panneaux_.description->hasFocus();
+    focus_ = panneaux_.VueListe() == focusWidget() ? panneaux_.liste : focusWidget();
+    etat_.item.clear();
     if (navigateur_.arbre.Selection() == ArbreCatalogue::Aucun)
         return;
     etat_ = NoterEtat(navigateur_, panneaux_.arbre->Ouverts());
@@ -287,13 +288,13 @@ void frmView::Montrer(Chargement& charge)
     SelectionnerNoeud();
     if (charge.repris && !charge.nouveau)
         panneaux_.arbre->Replacer(etat_);
-    if (!focusAilleurs_)
+    if (focus_ != panneaux_.description)
         panneaux_.arbre->setFocus();
     MontrerBase();
     MontrerNavigateur();
     // What was shown is shown again.
     if (charge.repris && etat_.montre && navigateur_.arbre.CleSelection() == etat_.selection) {
-        itemVoulu_ = etat_.item;
+        itemVoulu_ = {etat_.item, focus_ == panneaux_.liste};
         tvTreeView_Click();
     }
     emit this->charge();
@@ -435,7 +436,7 @@ void frmView::Atteindre(const Cible& cible)
             arbre.Selectionner(noeud);
             SelectionnerNoeud();
             noeudAMontrer_.stop();
-            itemVoulu_ = cible.cleItem;
+            itemVoulu_ = {cible.cleItem};
             tvTreeView_Click();
         }
         cible.fini(noeud != ArbreCatalogue::Aucun);
@@ -444,13 +445,14 @@ void frmView::Atteindre(const Cible& cible)
     });
 }
 
-void frmView::AtteindreItem(std::string_view cle)
+void frmView::AtteindreItem(const ItemVoulu& item)
 {
-    if (cle.empty())
+    if (item.cle.empty())
         return;
-    const int32_t rang = navigateur_.liste.Chercher(cle);
+    const int32_t rang = navigateur_.liste.Chercher(item.cle);
     if (rang < 0) {
-        panneaux_.arbre->setFocus();
+        if (item.focus)
+            panneaux_.arbre->setFocus();
         return;
     }
     const QModelIndex index = modeleListe_->index(rang, 0);
@@ -458,7 +460,8 @@ void frmView::AtteindreItem(std::string_view cle)
     vue->setCurrentIndex(index);
     itemAMontrer_.stop();
     lvListView_Click();
-    vue->setFocus();
+    if (item.focus)
+        vue->setFocus();
     vue->scrollTo(index);
 }
 

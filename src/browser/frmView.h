@@ -106,7 +106,12 @@ private:
     void MontrerTitreIcone();
     void MontrerPhoto();
     void ViderNavigateur();
-    void AtteindreItem(std::string_view cle);
+    // To be selected when its node has been read.
+    struct ItemVoulu {
+        std::string cle;  // none: empty
+        bool focus = true;
+    };
+    void AtteindreItem(const ItemVoulu& item);
     void SelectionnerNoeud();
     void Occuper(bool occupe);
     void Suivre();
@@ -138,10 +143,10 @@ private:
 
     bool enChargement_ = false;
     bool selectionProgrammee_ = false;
-    EtatArbre etat_;                             // of the tree that was shown last
-    bool focusAilleurs_ = false;                 // was on what a reload leaves in its place
-    std::string avis_;                           // shown in the status line until the next click
-    std::string itemVoulu_;                      // to be selected when its node has been read
+    EtatArbre etat_;                  // of the tree that was shown last
+    const QWidget* focus_ = nullptr;  // where it was when the loading began
+    std::string avis_;                // shown in the status line until the next click
+    ItemVoulu itemVoulu_;
     std::shared_ptr<std::atomic<double>> part_;  // of the work that runs
     QTimer noeudAMontrer_, itemAMontrer_, suivi_;
     QTimer reprise_;  // runs while the base can't be opened
