@@ -264,7 +264,7 @@ bool frmView::ChargerArbre()
 // A tree that could not be loaded knows nothing of what was open: what was noted before stays.
 void frmView::NoterEtatArbre()
 {
-    focus_ = panneaux_.VueListe() == focusWidget() ? panneaux_.liste : focusWidget();
+    focus_ = focusWidget();
     etat_.item.clear();
     if (navigateur_.arbre.Selection() == ArbreCatalogue::Aucun)
         return;
@@ -294,7 +294,7 @@ void frmView::Montrer(Chargement& charge)
     MontrerNavigateur();
     // What was shown is shown again.
     if (charge.repris && etat_.montre && navigateur_.arbre.CleSelection() == etat_.selection) {
-        itemVoulu_ = {etat_.item, focus_ == panneaux_.liste};
+        itemVoulu_ = {etat_.item, focus_ == panneaux_.VueListe()};
         tvTreeView_Click();
     }
     emit this->charge();

@@ -143,9 +143,9 @@ private:
 
     bool enChargement_ = false;
     bool selectionProgrammee_ = false;
-    EtatArbre etat_;                  // of the tree that was shown last
-    const QWidget* focus_ = nullptr;  // where it was when the loading began
-    std::string avis_;                // shown in the status line until the next click
+    EtatArbre etat_;            // of the tree that was shown last
+    QWidget* focus_ = nullptr;  // where it was when the loading began
+    std::string avis_;          // shown in the status line until the next click
     ItemVoulu itemVoulu_;
     std::shared_ptr<std::atomic<double>> part_;  // of the work that runs
     QTimer noeudAMontrer_, itemAMontrer_, suivi_;

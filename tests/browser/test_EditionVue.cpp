@@ -336,7 +336,7 @@ TEST_F(TestEdition, UneBaseQuiNeSEcritPasResteCommeElleEst)
     dialogues_.fichier = (travail_ / "i.ico").string();
     const auto changer = [&](QDialog& dialogue) {
         if (auto* nom = dialogue.findChild<QLineEdit*>("Saisie"))
-            nom->setText("autre");
+            nom->insert("autre");
         if (auto* texte = dialogue.findChild<QPlainTextEdit*>("Saisie")) {
             texte->setPlainText("autre");
             texte->document()->setModified(true);

@@ -429,11 +429,11 @@ TEST_F(TestVue, UnCatalogueVideDitCommentCommencer)
 
 TEST_F(TestVue, LesColonnesVontAuxTextes)
 {
-    AjouterLignes(1, {{"000000001", "0", "t", "a", "1 Ko", "Image de photographe au long nom de type"}});
+    AjouterLignes(1, {{"000000001", "0", "t", "a", "1 Ko", "Image de photographe au long nom"}});
     Cliquer(Arbre(), Arbre()->currentIndex());
     const QFontMetrics lettres = Rapport()->fontMetrics();
     QHeaderView* tete = Rapport()->header();
-    EXPECT_GT(tete->sectionSize(ColType), lettres.horizontalAdvance("Image de photographe au long nom de type"));
+    EXPECT_GT(tete->sectionSize(ColType), lettres.horizontalAdvance("Image de photographe au long nom"));
     EXPECT_TRUE(Rapport()->model()->index(0, ColTaille).data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
     tete->resizeSection(ColType, 50);
     Recharger();

@@ -39,7 +39,8 @@ protected:
     static RefusBase Refus(const std::string& chemin)
     {
         RefusBase refus = RefusBase::Aucun;
-        EXPECT_EQ(OpenDatabase(chemin, {}, &refus).Ouverte(), refus == RefusBase::Aucun);
+        const bool ouverte = OpenDatabase(chemin, {}, &refus).Ouverte();
+        EXPECT_EQ(ouverte, refus == RefusBase::Aucun);
         return refus;
     }
 
