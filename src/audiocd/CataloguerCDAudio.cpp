@@ -301,5 +301,6 @@ FinExtraction CataloguerCDAudio(const DemandeCDAudio& demande, const InterfacesC
     FixerIconesARecharger(true);
     CompacterBase();
     FixerArbreARecharger(true);
+    FixerMediaAMontrer(demande.media);
     return fin;
 }

@@ -69,6 +69,16 @@ std::string CleDuSommet(Base& base, int64_t media)
     return {};
 }
 
+// A base that has gone from its place is stood in for, and the user is told.
+void GarantirEtDire()
+{
+    const std::string absente = BaseCourante();
+    if (!GarantirBase(false) || absente.empty())
+        return;
+    const std::string suite = ReprendreAvis();
+    LaisserAvis("La base est introuvable : " + absente + (suite.empty() ? "" : "  " + suite));
+}
+
 }  // namespace
 
 Navigateur ChargerArbre(IconesExtensions& icones, const TriListe& tri, const std::stop_token& arret,
@@ -76,7 +86,8 @@ Navigateur ChargerArbre(IconesExtensions& icones, const TriListe& tri, const std
 {
     Navigateur navigateur;
     ArbreCatalogue& arbre = navigateur.arbre;
-    GarantirBase(false);
+    GarantirEtDire();
+    navigateur.cheminBase = BaseCourante();
     Base base = OuvrirBase(arret);
     arbre.Ajouter(ArbreCatalogue::Aucun, CleRacine, "Liste des catalogues", ImageRacine, ImageRacine);
     Recordset medias = MediasMontres(base);

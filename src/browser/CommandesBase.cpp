@@ -41,9 +41,12 @@ bool OuvrirCatalogue(Dialogues& dialogues)
 bool CreerCatalogue(Dialogues& dialogues)
 {
     const std::string chemin = dialogues.ChoisirFichier(DemandeBase(Messages[TitreCreer], true));
-    if (chemin.empty() || (FichierExiste(chemin) && !dialogues.DemanderAvantPerte(Messages[EcraserLeFichier])) ||
-        !CopierModele(chemin))
+    if (chemin.empty() || (FichierExiste(chemin) && !dialogues.DemanderAvantPerte(Messages[EcraserLeFichier])))
         return false;
+    if (!CopierModele(chemin)) {
+        LaisserAvis("Le catalogue n'a pas pu être créé : " + chemin);
+        return false;
+    }
     Basculer(chemin);
     return true;
 }
@@ -57,8 +60,8 @@ void DupliquerCatalogue(Dialogues& dialogues)
         return;
     if (chemin == BaseCourante())
         dialogues.Informer(Messages[MemeNomDeBase]);
-    else
-        CopierBase(BaseCourante(), chemin);
+    else if (!CopierBase(BaseCourante(), chemin))
+        LaisserAvis("Le catalogue n'a pas pu être copié : " + chemin);
 }
 
 bool SupprimerCatalogue(Dialogues& dialogues)
@@ -66,8 +69,11 @@ bool SupprimerCatalogue(Dialogues& dialogues)
     if (!dialogues.DemanderAvantPerte(Messages[SupprimerLaBase] + BaseCourante() + " ?",
                                       "Suppression du catalogue en cours !"))
         return false;
-    SupprimerBase(BaseCourante());
+    const std::string chemin = BaseCourante();
+    const bool supprimee = SupprimerBase(chemin);
     PoserBaseParDefaut();
+    if (!supprimee)
+        LaisserAvis("Le catalogue n'a pas pu être supprimé : " + chemin);
     Basculer(CheminBaseParDefaut());
     return true;
 }

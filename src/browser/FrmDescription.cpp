@@ -5,6 +5,7 @@
 #include <QDialogButtonBox>
 #include <QFont>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -64,9 +65,14 @@ FrmDescription::FrmDescription(Dialogues& dialogues, std::string_view nom, const
     auto* milieu = new QHBoxLayout;
     milieu->addWidget(cadre_, 0, Qt::AlignTop);
     milieu->addWidget(saisie_, 1);
+    erreur_ = new QLabel("La description n'a pas pu être enregistrée : la base ne peut pas être écrite.");
+    erreur_->setObjectName("erreur");
+    erreur_->setWordWrap(true);
+    erreur_->hide();
     auto* mise = new QVBoxLayout(this);
     mise->addWidget(titre);
     mise->addLayout(milieu, 1);
+    mise->addWidget(erreur_);
     mise->addWidget(boutons);
     saisie_->setFocus();
     texte_->Montrer(EnLignesEditables(description_.texte));
@@ -104,8 +110,10 @@ void FrmDescription::accept()
     Description voulue = description_;
     voulue.photo = Trim(voulue.photo);
     const QString texte = texte_->Lire();
-    if (texte != EnLignesEditables(description_.texte))
+    if (texte != texte_->Donne())
         voulue.texte = RelireLignes(texte, description_.texte);
     if (enregistrer_(voulue))
         QDialog::accept();
+    else
+        erreur_->show();
 }

@@ -9,6 +9,7 @@
 #include "catalogue/Descriptions.h"
 #include "commun/Dialogues.h"
 
+class QLabel;
 class QPlainTextEdit;
 class TexteLong;
 
@@ -34,4 +35,5 @@ private:
     QPlainTextEdit* saisie_;
     TexteLong* texte_;
     CadrePhoto* cadre_;
+    QLabel* erreur_;  // seen once it could not be written
 };

@@ -97,6 +97,16 @@ QModelIndex ModeleArbre::Index(int32_t noeud) const
     return createIndex(arbre_[noeud].rang, 0, static_cast<quintptr>(noeud));
 }
 
+QModelIndex ModeleArbre::IndexDeCle(std::string_view cle) const
+{
+    return Index(arbre_.Chercher(cle));
+}
+
+std::string_view ModeleArbre::Cle(const QModelIndex& index) const
+{
+    return index.isValid() ? arbre_[Noeud(index)].cle : std::string_view();
+}
+
 int32_t ModeleArbre::Noeud(const QModelIndex& index)
 {
     return index.isValid() ? static_cast<int32_t>(index.internalId()) : ArbreCatalogue::Aucun;

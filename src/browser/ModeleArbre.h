@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -24,6 +25,8 @@ public:
     void Retirer(int32_t noeud);
 
     QModelIndex Index(int32_t noeud) const;
+    QModelIndex IndexDeCle(std::string_view cle) const;    // none without such a node
+    std::string_view Cle(const QModelIndex& index) const;  // empty for no node
     static int32_t Noeud(const QModelIndex& index);
 
     QModelIndex index(int rang, int colonne, const QModelIndex& parent = {}) const override;

@@ -80,6 +80,8 @@ QVariant ModeleListe::data(const QModelIndex& index, int role) const
     const ItemListe item = liste_[index.row()];
     if (role == Qt::DecorationRole && index.column() == ColNom)
         return images_.DeItem(item.icone);
+    if (role == Qt::TextAlignmentRole && index.column() == ColTaille)
+        return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
         return {};
     if (role == Qt::ToolTipRole && index.column() != ColNom)
@@ -89,6 +91,8 @@ QVariant ModeleListe::data(const QModelIndex& index, int role) const
 
 QVariant ModeleListe::headerData(int section, Qt::Orientation sens, int role) const
 {
+    if (sens == Qt::Horizontal && role == Qt::TextAlignmentRole && section == ColTaille)
+        return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
     if (sens != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= NombreColonnes)
         return {};
     return QString::fromUtf8(EnTetesListe[static_cast<size_t>(section)].titre);

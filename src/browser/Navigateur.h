@@ -16,6 +16,8 @@ public:
     ArbreCatalogue arbre;
     ListeFichiers liste;
 
+    std::string cheminBase;  // path of the base that was loaded
+
     std::string statut;
     std::string titre;                // behind eleven blanks that leave room for the icon; empty for the root
     Description description;          // what is shown

@@ -6,10 +6,10 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QListView>
 #include <QMainWindow>
 #include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -19,7 +19,10 @@
 #include "browser/CadrePhoto.h"
 #include "browser/ModeleArbre.h"
 #include "browser/ModeleListe.h"
+#include "browser/VueArbre.h"
 #include "fenetres/DelegueGrille.h"
+#include "fenetres/Etiquette.h"
+#include "fenetres/LargeurTextes.h"
 #include "fenetres/PoliceEgale.h"
 #include "fenetres/TexteLong.h"
 
@@ -44,7 +47,10 @@ PanneauxVue::PanneauxVue(QMainWindow& fenetre, ModeleArbre& modeleArbre, ModeleL
     CreerDescription();
 
     horizontal = new QSplitter(Qt::Vertical);
-    horizontal->addWidget(liste);
+    contenu_ = new QStackedWidget;
+    contenu_->addWidget(liste);
+    contenu_->addWidget(CreerAccueil());
+    horizontal->addWidget(contenu_);
     auto* bas = new QWidget;
     auto* rangee = new QHBoxLayout(bas);
     rangee->setContentsMargins(0, 0, 0, 0);
@@ -78,10 +84,9 @@ PanneauxVue::PanneauxVue(QMainWindow& fenetre, ModeleArbre& modeleArbre, ModeleL
 
 void PanneauxVue::CreerArbre(ModeleArbre& modele)
 {
-    arbre = new QTreeView;
+    arbre = new VueArbre(modele);
     arbre->setObjectName("tvTreeView");
     arbre->setAccessibleName("Liste des catalogues");
-    arbre->setModel(&modele);
     arbre->setHeaderHidden(true);
     arbre->setUniformRowHeights(true);
     arbre->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -92,7 +97,7 @@ void PanneauxVue::CreerListe(ModeleListe& modele)
 {
     rapport = new QTreeView;
     rapport->setObjectName("lvRapport");
-    icones = new QListView;
+    icones = new VueIcones;
     icones->setObjectName("lvIcones");
     Preparer(*rapport, modele);
     Preparer(*icones, modele);
@@ -104,15 +109,36 @@ void PanneauxVue::CreerListe(ModeleListe& modele)
     grille = new DelegueGrille(rapport);
     rapport->setItemDelegate(grille);
     PreparerColonnes(*rapport->header());
+    largeurTypes_ = rapport->header()->sectionSize(ColType);
 
-    icones->setUniformItemSizes(true);
-    icones->setResizeMode(QListView::Adjust);
-    icones->setWrapping(true);
-    icones->setTextElideMode(Qt::ElideMiddle);
-    icones->setMovement(QListView::Static);
     liste = new QStackedWidget;
     liste->addWidget(rapport);
     liste->addWidget(icones);
+}
+
+QWidget* PanneauxVue::CreerAccueil()
+{
+    auto* accueil = new QFrame;
+    accueil->setObjectName("accueil");
+    accueil->setFrameShape(QFrame::StyledPanel);
+    accueil->setBackgroundRole(QPalette::Base);
+    accueil->setAutoFillBackground(true);
+    auto* phrase = new QLabel(
+        "Ce catalogue est encore vide.\n\nInsérez un disque ou choisissez un lecteur : Velourne le lit une fois, et "
+        "vous le consulterez ensuite sans lui.");
+    phrase->setObjectName("phraseAccueil");
+    phrase->setForegroundRole(QPalette::Text);
+    phrase->setWordWrap(true);
+    phrase->setAlignment(Qt::AlignCenter);
+    ajouter = new QPushButton(QIcon(":/images/media-ajouter.svg"), "Ajouter un nouveau média");
+    ajouter->setObjectName("ajouter");
+    auto* colonne = new QVBoxLayout(accueil);
+    colonne->addStretch(1);
+    colonne->addWidget(phrase);
+    colonne->addSpacing(phrase->fontMetrics().lineSpacing());
+    colonne->addWidget(ajouter, 0, Qt::AlignHCenter);
+    colonne->addStretch(2);
+    return accueil;
 }
 
 void PanneauxVue::CreerDescription()
@@ -177,7 +203,7 @@ QFrame* PanneauxVue::CreerBandeau()
 
 void PanneauxVue::CreerStatut(QMainWindow& fenetre)
 {
-    commentaire = new QLabel;
+    commentaire = new Etiquette;
     commentaire->setObjectName("Commentaire");
     barre = new QProgressBar;
     barre->setRange(0, 1000);
@@ -188,6 +214,22 @@ void PanneauxVue::CreerStatut(QMainWindow& fenetre)
     fenetre.statusBar()->addPermanentWidget(barre);
 }
 
+void PanneauxVue::MontrerAccueil(bool vide)
+{
+    contenu_->setCurrentIndex(vide ? 1 : 0);
+}
+
+void PanneauxVue::ElargirTypes()
+{
+    QHeaderView* entete = rapport->header();
+    if (entete->sectionSize(ColType) != largeurTypes_)
+        return;
+    const QFontMetrics lettres = rapport->fontMetrics();
+    const int autour = 3 * lettres.averageCharWidth(), plafond = 40 * lettres.averageCharWidth();
+    largeurTypes_ = std::max(largeurTypes_, LargeurTextes(*rapport->model(), ColType, lettres, plafond) + autour);
+    entete->resizeSection(ColType, largeurTypes_);
+}
+
 QAbstractItemView* PanneauxVue::VueListe() const
 {
     return qobject_cast<QAbstractItemView*>(liste->currentWidget());
@@ -196,15 +238,8 @@ QAbstractItemView* PanneauxVue::VueListe() const
 void PanneauxVue::Afficher(int mode)
 {
     const bool focus = VueListe()->hasFocus();
-    icones->setViewMode(mode == GrandesIcones ? QListView::IconMode : QListView::ListMode);
-    const int cote = mode == GrandesIcones ? 48 : icones->style()->pixelMetric(QStyle::PM_SmallIconSize);
-    icones->setIconSize({cote, cote});
-    icones->setFlow(mode == EnListe ? QListView::TopToBottom : QListView::LeftToRight);
-    icones->setMovement(QListView::Static);
-    const int hauteur = icones->fontMetrics().lineSpacing(), largeur = icones->fontMetrics().averageCharWidth();
-    icones->setGridSize(mode == GrandesIcones ? QSize(largeur * 20, cote + 3 * hauteur)
-                                              : QSize(largeur * 30 + cote, std::max(cote, hauteur) + 6));
-    icones->setWordWrap(mode == GrandesIcones);
+    if (mode != Rapport)
+        icones->Afficher(static_cast<Affichage>(mode));
     liste->setCurrentWidget(mode == Rapport ? static_cast<QWidget*>(rapport) : icones);
     if (focus)
         VueListe()->setFocus();

@@ -10,11 +10,11 @@
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QLabel>
-#include <QListView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QSplitter>
 #include <QToolBar>
 #include <QToolButton>
@@ -25,9 +25,12 @@
 #include "browser/CommandesBase.h"
 #include "browser/OuvrirFichier.h"
 #include "browser/VersAilleurs.h"
+#include "browser/VueArbre.h"
 #include "catalogue/Cles.h"
+#include "catalogue/OuvrirBase.h"
 #include "commun/Formes.h"
 #include "fenetres/DelegueGrille.h"
+#include "fenetres/Etiquette.h"
 #include "fenetres/Place.h"
 #include "fenetres/TexteLong.h"
 #include "fenetres/TextesQt.h"
@@ -45,7 +48,23 @@ std::string CleColonne(int colonne)
     return std::string(DebutCleLargeur) + std::to_string(colonne + 1);
 }
 
+// Selects a media that was just read. False when there is none, or it is not in the tree.
+bool SelectionnerMedia(Navigateur& navigateur, int64_t media)
+{
+    const int32_t noeud = media ? navigateur.arbre.Chercher(CleMedia(media)) : ArbreCatalogue::Aucun;
+    if (noeud != ArbreCatalogue::Aucun)
+        navigateur.arbre.Selectionner(noeud);
+    return noeud != ArbreCatalogue::Aucun;
+}
+
 }  // namespace
+
+// A tree as it was loaded, and what it has of the one before.
+struct frmView::Chargement {
+    Navigateur navigateur;
+    bool repris = false;   // what was selected, or lies above it
+    bool nouveau = false;  // a media that was just read is selected
+};
 
 frmView::frmView(Dialogues& dialogues, ChoixLecteur& choixLecteur, Travail& travail, QWidget* parent)
     : QMainWindow(parent),
@@ -68,6 +87,7 @@ frmView::frmView(Dialogues& dialogues, ChoixLecteur& choixLecteur, Travail& trav
     PlacerFenetrePrincipale(*this);
     LireReglages();
     Activer();
+    panneaux_.arbre->setFocus();
 }
 
 // The views go first: what they show lies in this window. What was asked for this window stops.
@@ -126,15 +146,24 @@ void frmView::Relier()
         attente->setSingleShot(true);
         attente->setInterval(0);
     }
+    for (QTimer* attente : {&noeudAMontrer_, &itemAMontrer_})
+        connect(attente, &QTimer::timeout, this, [this] { avis_.clear(); });
     connect(&noeudAMontrer_, &QTimer::timeout, this, &frmView::tvTreeView_Click);
     connect(&itemAMontrer_, &QTimer::timeout, this, &frmView::lvListView_Click);
+    reprise_.setInterval(3000);
+    connect(&reprise_, &QTimer::timeout, this, &frmView::Reprendre);
     suivi_.setInterval(50);
     connect(&suivi_, &QTimer::timeout, this, &frmView::Suivre);
 
-    QTreeView* arbre = panneaux_.arbre;
+    VueArbre* arbre = panneaux_.arbre;
     arbre->installEventFilter(this);
     connect(arbre, &QWidget::customContextMenuRequested, this, &frmView::MenuArbre);
     connect(arbre, &QTreeView::clicked, &noeudAMontrer_, qOverload<>(&QTimer::start));
+    connect(arbre, &VueArbre::parcourue, this, [this] {
+        if (navigateur_.LectureVoulue())  // selected by the loading, and not shown yet
+            noeudAMontrer_.start();
+    });
+    connect(panneaux_.ajouter, &QPushButton::clicked, actions_[Commande::AjouterMedia], &QAction::trigger);
     connect(arbre->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& index) {
         if (selectionProgrammee_ || !index.isValid())
             return;
@@ -175,6 +204,8 @@ void frmView::LireReglages()
     QHeaderView* entete = panneaux_.rapport->header();
     for (int i = 0; i < NombreColonnes; ++i)
         entete->resizeSection(i, LirePixels(SectionLvListView, CleColonne(i), entete->sectionSize(i)));
+    if (!GetSetting(SectionLvListView, CleColonne(ColType), "").empty())
+        panneaux_.GarderLargeurTypes();
     tri_.colonne = GetSettingEntier(SectionLvListView, CleSortKey, ColTaille, NombreColonnes - 1);
     tri_.decroissant = GetSettingEntier(SectionLvListView, CleSortOrder, 0, 1) == 1;
     entete->setSortIndicator(tri_.colonne, tri_.decroissant ? Qt::DescendingOrder : Qt::AscendingOrder);
@@ -208,36 +239,85 @@ void frmView::MontrerBase()
 
 bool frmView::ChargerArbre()
 {
-    if (enChargement_ || (!ArbreARecharger() && navigateur_.arbre.Nombre() > 0))
+    const bool autre = !navigateur_.cheminBase.empty() && navigateur_.cheminBase != BaseCourante();
+    if (enChargement_ || (!ArbreARecharger() && !autre && navigateur_.arbre.Nombre() > 0))
         return false;
     FixerArbreARecharger(false);
     for (const Place place : {Place::Liste, Place::Tri})
         travail_.Arreter(place);
+    NoterEtatArbre();
     ViderNavigateur();
     part_ = std::make_shared<std::atomic<double>>(0);
-    const auto charge = std::make_shared<Navigateur>();
+    const auto charge = std::make_shared<Chargement>();
     travail_.Demander(
         Place::Arbre,
-        [this, charge, part = part_, tri = tri_](const std::stop_token& arret) {
-            *charge = ::ChargerArbre(icones_, tri, arret, *part);
+        [this, charge, part = part_, tri = tri_, etat = etat_](const std::stop_token& arret) {
+            charge->navigateur = ::ChargerArbre(icones_, tri, arret, *part);
+            charge->repris = ReprendreEtat(charge->navigateur, etat, icones_, arret);
+            charge->nouveau = SelectionnerMedia(charge->navigateur, ReprendreMediaAMontrer());
         },
-        [this, charge] {
-            modeleArbre_->Cacher();
-            modeleListe_->Cacher();
-            navigateur_ = std::move(*charge);
-            modeleArbre_->Annoncer();
-            modeleListe_->Annoncer();
-            SelectionnerNoeud();
-            panneaux_.arbre->expand(modeleArbre_->Index(0));
-            if (const std::string avis = ReprendreAvis(); !avis.empty())
-                navigateur_.statut = avis;
-            MontrerBase();
-            MontrerNavigateur();
-            Occuper(false);
-            emit this->charge();
-        });
+        [this, charge] { Montrer(*charge); });
     Occuper(true);
     return true;
+}
+
+// A tree that could not be loaded knows nothing of what was open: what was noted before stays.
+void frmView::NoterEtatArbre()
+{
+    focus_ = focusWidget();
+    etat_.item.clear();
+    if (navigateur_.arbre.Selection() == ArbreCatalogue::Aucun)
+        return;
+    etat_ = NoterEtat(navigateur_, panneaux_.arbre->Ouverts());
+    panneaux_.arbre->NoterPlace(etat_);
+    if (const int rang = RangChoisi(); rang >= 0)
+        etat_.item = navigateur_.liste[rang].cle;
+}
+
+void frmView::Montrer(Chargement& charge)
+{
+    modeleArbre_->Cacher();
+    modeleListe_->Cacher();
+    navigateur_ = std::move(charge.navigateur);
+    modeleArbre_->Annoncer();
+    modeleListe_->Annoncer();
+    Occuper(false);
+    panneaux_.arbre->expand(modeleArbre_->Index(0));
+    if (charge.repris)
+        panneaux_.arbre->Rouvrir(etat_);
+    SelectionnerNoeud();
+    if (charge.repris && !charge.nouveau)
+        panneaux_.arbre->Replacer(etat_);
+    if (focus_ != panneaux_.description)
+        panneaux_.arbre->setFocus();
+    MontrerBase();
+    MontrerNavigateur();
+    // What was shown is shown again.
+    if (charge.repris && etat_.montre && navigateur_.arbre.CleSelection() == etat_.selection) {
+        itemVoulu_ = {etat_.item, focus_ == panneaux_.VueListe()};
+        tvTreeView_Click();
+    }
+    emit this->charge();
+}
+
+// While the base can't be opened: looks from time to time whether it can again.
+void frmView::Reprendre()
+{
+    if (RefusBaseCourante().empty()) {
+        reprise_.stop();
+        FixerArbreARecharger(true);
+        ChargerArbre();
+        return;
+    }
+    if (!travail_.EnCours())
+        travail_.Demander(
+            Place::Arbre, [](const std::stop_token&) { OuvrirBase(); },
+            [this] {
+                if (RefusBaseCourante().empty())
+                    Reprendre();
+                else
+                    MontrerStatut();
+            });
 }
 
 void frmView::ViderNavigateur()
@@ -320,6 +400,7 @@ void frmView::Montrer(Lecture& lecture)
     modeleArbre_->AnnoncerEnfants(noeud);
     modeleArbre_->AnnoncerNoeud(precedent);
     modeleArbre_->AnnoncerNoeud(noeud);
+    panneaux_.ElargirTypes();
     MontrerNavigateur();
     Activer();
     AtteindreItem(std::exchange(itemVoulu_, {}));
@@ -355,7 +436,7 @@ void frmView::Atteindre(const Cible& cible)
             arbre.Selectionner(noeud);
             SelectionnerNoeud();
             noeudAMontrer_.stop();
-            itemVoulu_ = cible.cleItem;
+            itemVoulu_ = {cible.cleItem};
             tvTreeView_Click();
         }
         cible.fini(noeud != ArbreCatalogue::Aucun);
@@ -364,13 +445,14 @@ void frmView::Atteindre(const Cible& cible)
     });
 }
 
-void frmView::AtteindreItem(std::string_view cle)
+void frmView::AtteindreItem(const ItemVoulu& item)
 {
-    if (cle.empty())
+    if (item.cle.empty())
         return;
-    const int32_t rang = navigateur_.liste.Chercher(cle);
+    const int32_t rang = navigateur_.liste.Chercher(item.cle);
     if (rang < 0) {
-        panneaux_.arbre->setFocus();
+        if (item.focus)
+            panneaux_.arbre->setFocus();
         return;
     }
     const QModelIndex index = modeleListe_->index(rang, 0);
@@ -378,17 +460,34 @@ void frmView::AtteindreItem(std::string_view cle)
     vue->setCurrentIndex(index);
     itemAMontrer_.stop();
     lvListView_Click();
-    vue->setFocus();
+    if (item.focus)
+        vue->setFocus();
     vue->scrollTo(index);
 }
 
 void frmView::MontrerNavigateur()
 {
     panneaux_.titre->setText(QString::fromStdString(navigateur_.titre));
-    panneaux_.commentaire->setText(QString::fromStdString(navigateur_.statut));
+    MontrerStatut();
     panneaux_.texte->Montrer(EnLignes(navigateur_.description.texte));
     MontrerTitreIcone();
     MontrerPhoto();
+}
+
+// That the base can't be opened goes before all else, as long as it lasts; then what became of it, until the next
+// click.
+void frmView::MontrerStatut()
+{
+    const std::string refus = RefusBaseCourante();
+    if (const std::string avis = ReprendreAvis(); !avis.empty())
+        avis_ = avis;
+    const QString texte = QString::fromStdString(!refus.empty() ? refus : !avis_.empty() ? avis_ : navigateur_.statut);
+    panneaux_.commentaire->setText(texte);
+    panneaux_.commentaire->setToolTip(refus.empty() && avis_.empty() ? QString() : texte);
+    if (!refus.empty() && !reprise_.isActive())
+        reprise_.start();
+    const ArbreCatalogue& arbre = navigateur_.arbre;
+    panneaux_.MontrerAccueil(refus.empty() && arbre.Nombre() == 1 && arbre[0].enfants == 0);
 }
 
 // The frame stays as it is until it is known whether a file stands at the path.
@@ -429,11 +528,15 @@ void frmView::Activer()
 
 void frmView::Executer(Commande commande)
 {
+    avis_.clear();
     switch (commande) {
         case Commande::CreerCatalogue: ChangerDeBase([this] { return CreerCatalogue(dialogues_); }); break;
         case Commande::OuvrirCatalogue: ChangerDeBase([this] { return OuvrirCatalogue(dialogues_); }); break;
         case Commande::DupliquerCatalogue:
-            travail_.Executer(Place::Commande, [this] { DupliquerCatalogue(dialogues_); });
+            travail_.Executer(Place::Commande, [this] {
+                DupliquerCatalogue(dialogues_);
+                MontrerStatut();
+            });
             break;
         case Commande::SupprimerCatalogue:
         case Commande::RetirerCatalogue: ChangerDeBase([this] { return SupprimerCatalogue(dialogues_); }); break;
@@ -456,7 +559,10 @@ void frmView::Executer(Commande commande)
                 !chemin.empty())
                 OuvrirAvecBureau(chemin);
             break;
-        case Commande::Prets: emit pretsVoulus(); break;
+        case Commande::Prets:
+            emit pretsVoulus();
+            MontrerStatut();
+            break;
         case Commande::ProprietesNoeud: ShowPropriete("Tv"); break;
         case Commande::ProprietesItem: ShowPropriete("Lv"); break;
         case Commande::Imprimer: emit impressionVoulue(); break;
@@ -493,9 +599,14 @@ void frmView::SupprimerPhoto()
 void frmView::Modifier(const std::function<EditionVue::Suite()>& modifier)
 {
     travail_.Executer(Place::Commande, [this, modifier] {
+        if (!OuvrirBase().Ouverte()) {
+            MontrerStatut();
+            return;
+        }
         selectionProgrammee_ = true;  // the view that loses a node selects another one, of its own choice
         const EditionVue::Suite suite = modifier();
         selectionProgrammee_ = false;
+        MontrerStatut();
         if (suite == EditionVue::Rien)
             return;
         if (suite == EditionVue::Suivre) {
@@ -513,8 +624,10 @@ void frmView::ChangerDeBase(const std::function<bool()>& changer)
     for (const Place place : {Place::Liste, Place::Tri, Place::Recherche})
         travail_.Arreter(place);
     travail_.Executer(Place::Commande, [this, changer] {
-        if (!changer())
+        if (!changer()) {
+            MontrerStatut();
             return;
+        }
         MontrerBase();
         ChargerArbre();
     });
@@ -657,8 +770,13 @@ void frmView::closeEvent(QCloseEvent* evenement)
 void frmView::changeEvent(QEvent* evenement)
 {
     QMainWindow::changeEvent(evenement);
-    if (evenement->type() == QEvent::ActivationChange && isActiveWindow() && navigateur_.arbre.Nombre() > 0)
-        ChargerArbre();
+    if (evenement->type() != QEvent::ActivationChange || !isActiveWindow() || navigateur_.arbre.Nombre() == 0)
+        return;
+    if (!ChargerArbre() && !enChargement_) {
+        MontrerStatut();
+        if (reprise_.isActive())
+            Reprendre();
+    }
 }
 
 bool frmView::eventFilter(QObject* objet, QEvent* evenement)

@@ -12,6 +12,7 @@
 
 #include "browser/ActionsVue.h"
 #include "browser/EditionVue.h"
+#include "browser/EtatArbre.h"
 #include "browser/ImagesCatalogue.h"
 #include "browser/ModeleArbre.h"
 #include "browser/ModeleListe.h"
@@ -95,12 +96,22 @@ private:
     void ChangerDeBase(const std::function<bool()>& changer);
     void MontrerBase();
 
+    struct Chargement;
+    void NoterEtatArbre();
+    void Montrer(Chargement& charge);
+    void Reprendre();
     void Montrer(Lecture& lecture);
     void MontrerNavigateur();
+    void MontrerStatut();
     void MontrerTitreIcone();
     void MontrerPhoto();
     void ViderNavigateur();
-    void AtteindreItem(std::string_view cle);
+    // To be selected when its node has been read.
+    struct ItemVoulu {
+        std::string cle;  // none: empty
+        bool focus = true;
+    };
+    void AtteindreItem(const ItemVoulu& item);
     void SelectionnerNoeud();
     void Occuper(bool occupe);
     void Suivre();
@@ -132,7 +143,11 @@ private:
 
     bool enChargement_ = false;
     bool selectionProgrammee_ = false;
-    std::string itemVoulu_;                      // to be selected when its node has been read
+    EtatArbre etat_;            // of the tree that was shown last
+    QWidget* focus_ = nullptr;  // where it was when the loading began
+    std::string avis_;          // shown in the status line until the next click
+    ItemVoulu itemVoulu_;
     std::shared_ptr<std::atomic<double>> part_;  // of the work that runs
     QTimer noeudAMontrer_, itemAMontrer_, suivi_;
+    QTimer reprise_;  // runs while the base can't be opened
 };

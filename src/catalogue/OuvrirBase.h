@@ -4,6 +4,7 @@
 
 #include "store/Base.h"
 
-// Opens the current base. Not open, and every operation on it without effect, when that fails. A request to stop ends
+// Opens the current base. Not open, and every operation on it without effect, when that fails, which RefusBaseCourante
+// then tells of. A request to stop ends
 // its long selects as if they had no more rows.
 Base OuvrirBase(const std::stop_token& arret = {});

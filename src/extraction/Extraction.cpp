@@ -131,6 +131,7 @@ FinExtraction Extraction::Executer()
     durees_.compaction = Secondes(debut);
     PreparerRecherche(base_, publie_.compteurs.repertoires + publie_.compteurs.fichiers);
     FixerArbreARecharger(true);
+    FixerMediaAMontrer(media_);
     return fin;
 }
 

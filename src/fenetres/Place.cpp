@@ -55,7 +55,9 @@ void EcrirePixels(std::string_view section, std::string_view cle, int pixels)
 void PlacerFenetrePrincipale(QWidget& fenetre)
 {
     const auto lire = [](std::string_view cle, int defaut) { return LirePixels(SectionSettings, cle, defaut); };
-    fenetre.resize(std::max(lire(CleMainWidth, 1000), 320), std::max(lire(CleMainHeight, 660), 240));
+    const QSize ecran = QGuiApplication::primaryScreen()->availableSize();
+    fenetre.resize(std::max(lire(CleMainWidth, std::min(1000, ecran.width())), 320),
+                   std::max(lire(CleMainHeight, std::min(660, ecran.height() - 40)), 240));
     if (GetSetting(SectionSettings, CleMainLeft, "").empty())
         fenetre.move(0, 0);
     else

@@ -10,7 +10,8 @@
 namespace {
 
 constexpr qsizetype Bouchee = 100'000, LigneMaximale = 4'000;
-constexpr int SuiteDeLigne = 1;  // state of a block that goes on with the line of the one before
+constexpr int LignesParBouchee = 500;  // each costs the document more than its letters do
+constexpr int SuiteDeLigne = 1;        // state of a block that goes on with the line of the one before
 
 }  // namespace
 
@@ -26,6 +27,7 @@ void TexteLong::Montrer(const QString& texte)
         return;
     texte_ = texte;
     place_ = 0;
+    lignesCoupees_ = false;
     boite_.document()->setUndoRedoEnabled(false);
     boite_.setReadOnly(true);
     boite_.setPlainText({});
@@ -48,7 +50,7 @@ void TexteLong::Ajouter()
     curseur.movePosition(QTextCursor::End);
     curseur.beginEditBlock();
     const qsizetype fin = std::min(texte_.size(), place_ + Bouchee);
-    while (place_ < fin) {
+    for (int lignes = 0; place_ < fin && lignes < LignesParBouchee; ++lignes) {
         const qsizetype saut = texte_.indexOf('\n', place_);
         const qsizetype ligne = saut < 0 ? texte_.size() : saut;
         qsizetype morceau = std::min(ligne, place_ + LigneMaximale);
@@ -57,6 +59,7 @@ void TexteLong::Ajouter()
         curseur.insertText(texte_.mid(place_, morceau - place_));
         place_ = morceau;
         if (morceau < ligne) {
+            lignesCoupees_ = true;
             curseur.insertBlock();
             curseur.block().setUserState(SuiteDeLigne);
         } else if (saut >= 0) {
@@ -80,11 +83,16 @@ QString TexteLong::Lire()
     Finir();
     if (!boite_.document()->isModified())
         return texte_;
-    QString texte;
-    for (QTextBlock bloc = boite_.document()->begin(); bloc.isValid(); bloc = bloc.next()) {
-        if (bloc.blockNumber() > 0 && bloc.userState() != SuiteDeLigne)
-            texte += '\n';
-        texte += bloc.text();
+    QString texte = boite_.document()->toRawText();
+    if (lignesCoupees_) {
+        qsizetype ecrites = 0;
+        for (QTextBlock bloc = boite_.document()->begin(); bloc.isValid(); bloc = bloc.next()) {
+            if (bloc.position() > 0 && bloc.userState() != SuiteDeLigne)
+                texte[ecrites++] = '\n';
+            for (int place = bloc.position(); place < bloc.position() + bloc.length() - 1; ++place)
+                texte[ecrites++] = texte[place];
+        }
+        texte.truncate(ecrites);
     }
-    return texte;
+    return texte.replace(QChar::ParagraphSeparator, '\n');
 }

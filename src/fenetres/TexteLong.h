@@ -18,6 +18,8 @@ public:
     void Finir();
     // The whole text, as it was given or as the user has left it.
     QString Lire();
+    // As it was given.
+    const QString& Donne() const { return texte_; }
 
 private:
     void Ajouter();
@@ -25,6 +27,7 @@ private:
     QPlainTextEdit& boite_;
     QString texte_;
     qsizetype place_ = 0;  // what lies behind is not in the box yet
+    bool lignesCoupees_ = false;
     QTimer suite_;
     const bool lectureSeule_;
 };

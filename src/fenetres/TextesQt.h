@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -31,15 +32,34 @@ inline QChar SigneDe(QChar controle)
     return controle == QChar(0x7F) ? QChar(SigneEffacement) : QChar(SigneNul + controle.unicode());
 }
 
+// The same with lines that end in "\n", whatever they ended in. In one pass, since texts may be megabytes of short
+// lines.
+inline QString EnLignesSimples(std::string_view texte)
+{
+    QString lignes = EnQString(texte);
+    QChar* ecrite = lignes.data();
+    const QChar* const fin = lignes.constData() + lignes.size();
+    for (const QChar* lue = lignes.constData(); lue != fin; ++lue) {
+        if (*lue != '\r')
+            *ecrite++ = *lue;
+        else if (lue + 1 == fin || lue[1] != '\n')
+            *ecrite++ = '\n';
+    }
+    lignes.truncate(ecrite - lignes.constData());
+    return lignes;
+}
+
 // A description as it is shown. Files give it NULs and other control characters: each takes the place of one letter, so
 // that columns and drawings made of letters stay in line.
 inline QString EnLignes(std::string_view texte)
 {
-    QString lignes = EnQString(texte).replace("\r\n", "\n").replace('\r', '\n');
+    QString lignes = EnLignesSimples(texte);
     for (QChar& lettre : lignes) {
         if (EstControleMontre(lettre))
             lettre = SigneDe(lettre);
-        else if (lettre.category() == QChar::Other_Control && lettre != '\n' && lettre != '\t')
+        else if (lettre.unicode() < 0x7F)
+            continue;
+        else if (lettre.category() == QChar::Other_Control)
             lettre = ' ';
         else if (lettre == QChar::SoftHyphen)
             lettre = '-';
@@ -51,18 +71,34 @@ inline QString EnLignes(std::string_view texte)
 // characters that they stand for, if `avant`, the text before, held these and not the signs themselves.
 inline QString EnLignesEditables(std::string_view texte)
 {
-    QString lignes = EnQString(texte).replace("\r\n", "\n").replace('\r', '\n');
+    QString lignes = EnLignesSimples(texte);
     for (QChar& lettre : lignes)
         if (EstControleMontre(lettre))
             lettre = SigneDe(lettre);
     return lignes;
 }
 
-inline std::string RelireLignes(QString lignes, std::string_view avant)
+inline std::string RelireLignes(const QString& lignes, std::string_view avant)
 {
-    const QString ancien = EnQString(avant);
-    for (char16_t controle = 0; controle <= 0x7F; ++controle)
-        if (EstControleMontre(controle) && ancien.contains(controle) && !ancien.contains(SigneDe(controle)))
-            lignes.replace(SigneDe(controle), QChar(controle));
-    return lignes.replace('\n', "\r\n").toStdString();
+    std::array<bool, 0x80> rendus{};  // controls whose signs become themselves again
+    bool aucun = true;
+    for (const char octet : avant) {
+        const QChar lettre(static_cast<unsigned char>(octet));
+        if (!EstControleMontre(lettre) || rendus[lettre.unicode()])
+            continue;
+        const std::string signe = QString(SigneDe(lettre)).toStdString();
+        rendus[lettre.unicode()] = avant.find(signe) == avant.npos;
+        aucun = false;
+    }
+    QString texte;
+    texte.reserve(lignes.size() + lignes.count('\n'));
+    for (const QChar lettre : lignes) {
+        if (lettre == '\n')
+            texte += '\r';
+        const char16_t signe = lettre.unicode();
+        const size_t controle = signe == SigneEffacement ? 0x7F : static_cast<char16_t>(signe - SigneNul);
+        texte +=
+            !aucun && controle < rendus.size() && rendus[controle] ? QChar(static_cast<char16_t>(controle)) : lettre;
+    }
+    return texte.toStdString();
 }

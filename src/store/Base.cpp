@@ -92,7 +92,7 @@ std::string BaseVide()
 bool EstSaine(const std::string& chemin)
 {
     Connexion copie;
-    if (!copie.Ouvrir(chemin))
+    if (copie.Ouvrir(chemin) != RefusBase::Aucun)
         return false;
     const Enonce enonce = copie.Preparer("pragma quick_check(1)");
     if (!enonce || sqlite3_step(enonce.get()) != SQLITE_ROW)
@@ -104,7 +104,7 @@ bool EstSaine(const std::string& chemin)
 bool Compacter(const std::string& source, const std::string& cible)
 {
     Connexion connexion;
-    if (!connexion.Ouvrir(source))
+    if (connexion.Ouvrir(source) != RefusBase::Aucun)
         return false;
     const Enonce enonce = connexion.Preparer("vacuum into ?1");
     sqlite3_bind_text(enonce.get(), 1, cible.c_str(), -1, SQLITE_STATIC);
@@ -120,21 +120,26 @@ bool BaseOuverteIci(const std::string& chemin)
     return place != Registre().end() && !place->second.expired();
 }
 
-Base OpenDatabase(const std::string& chemin, const std::stop_token& arret)
+Base OpenDatabase(const std::string& chemin, const std::stop_token& arret, RefusBase* refus)
 {
     const std::lock_guard garde(verrouRegistre);
     const std::string canonique = Canonique(chemin);
     Base base;
+    RefusBase ignore;
+    RefusBase& motif = refus ? *refus : ignore;
+    motif = canonique.empty() ? RefusBase::Absente : RefusBase::Aucun;
     if (canonique.empty())
         return base;
     std::weak_ptr<Connexion>& place = Registre()[canonique];
     base.connexion_ = place.lock();
     if (!base.connexion_) {
         auto connexion = std::make_shared<Connexion>();
-        if (!connexion->Ouvrir(canonique)) {
+        motif = connexion->Ouvrir(canonique);
+        if (motif != RefusBase::Aucun) {
             Registre().erase(canonique);
             return base;
         }
+        connexion->cheminAvis = canonique;
         place = connexion;
         base.connexion_ = std::move(connexion);
     }
@@ -305,7 +310,7 @@ bool BaseARendre(const std::string& chemin)
     if (BaseOuverteIci(chemin))
         return false;
     Connexion connexion;
-    return connexion.Ouvrir(chemin) && connexion.Nombre("pragma freelist_count", 0) > 0;
+    return connexion.Ouvrir(chemin) == RefusBase::Aucun && connexion.Nombre("pragma freelist_count", 0) > 0;
 }
 
 bool CreerBaseVide(const std::string& chemin)

@@ -21,6 +21,9 @@ struct DefinitionChamp {
     int taille = 0;
 };
 
+// Why a base does not open.
+enum class RefusBase { Aucun, Absente, Etrangere, Occupee, LectureSeule, Illisible };
+
 // A base file over the engine. Statements are in the system's dialect (see TraduireSql), texts UTF-8, paths real ones.
 // For one thread at a time: the one that uses the store.
 
@@ -73,15 +76,15 @@ public:
     bool Annuler();
 
 private:
-    friend Base OpenDatabase(const std::string& chemin, const std::stop_token& arret);
+    friend Base OpenDatabase(const std::string& chemin, const std::stop_token& arret, RefusBase* refus);
     std::shared_ptr<Connexion> connexion_;
     bool arretable_ = false;  // its stop token is the connection's
 };
 
 // Opens a base, exclusively and for writing. Not open when the file is missing, read-only, in use by another process,
-// or no base; such a file is never written to. A request to stop ends the long selects of all openings of the base, as
-// if they had no more rows, as long as this one lasts.
-Base OpenDatabase(const std::string& chemin, const std::stop_token& arret = {});
+// or no base, which `refus` is told; such a file is never written to. A request to stop ends the long selects of all
+// openings of the base, as if they had no more rows, as long as this one lasts.
+Base OpenDatabase(const std::string& chemin, const std::stop_token& arret = {}, RefusBase* refus = nullptr);
 
 // Writes a compacted copy of a closed base to a new path and checks it. False, and no file left, on failure.
 bool CompactDatabase(const std::string& source, const std::string& cible);

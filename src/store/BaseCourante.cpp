@@ -9,6 +9,7 @@ struct Etat {
     std::mutex verrou;
     std::string courante;
     std::string remplacee;
+    std::string refus;
     std::string avis;
 };
 
@@ -36,12 +37,25 @@ void FixerRemplacante(const std::string& chemin, const std::string& remplacee)
     const std::lock_guard garde(LEtat().verrou);
     LEtat().courante = chemin;
     LEtat().remplacee = remplacee;
+    LEtat().refus.clear();
 }
 
 std::string BaseRemplacee()
 {
     const std::lock_guard garde(LEtat().verrou);
     return LEtat().remplacee;
+}
+
+std::string RefusBaseCourante()
+{
+    const std::lock_guard garde(LEtat().verrou);
+    return LEtat().refus;
+}
+
+void NoterRefus(const std::string& refus)
+{
+    const std::lock_guard garde(LEtat().verrou);
+    LEtat().refus = refus;
 }
 
 std::string ReprendreAvis()

@@ -8,7 +8,7 @@
 #include "commun/Motif.h"
 #include "commun/Texte.h"
 #include "platform/OperationsFichiers.h"
-#include "store/Base.h"
+#include "store/BaseCourante.h"
 
 namespace {
 
@@ -69,8 +69,19 @@ bool PorteSignature(sqlite3* db)
            Signature == std::string_view(debut, sizeof debut);
 }
 
-// Etrangere: without the signature of a database. Illisible: with it, but its schema can't be read.
-enum class Examen { Base, Autre, Illisible, Etrangere };
+// Etrangere: without the signature of a database. Illisible: with it, but its schema can't be read. Inaccessible: not
+// to be opened at all.
+enum class Examen { Base, Autre, Illisible, Etrangere, Inaccessible };
+
+RefusBase MotifDe(int etat)
+{
+    switch (etat) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED: return RefusBase::Occupee;
+        case SQLITE_READONLY: return RefusBase::LectureSeule;
+        default: return RefusBase::Illisible;
+    }
+}
 
 constexpr const char* CompterTables =
     "select count(*) from sqlite_master where type = 'table' and rootpage > 0 and lower(name) in ('catalogue', "
@@ -117,6 +128,8 @@ Examen Examiner(const std::string& chemin)
     const bool signee = etat == SQLITE_OK && PorteSignature(db);
     const int64_t nombre = signee ? PremiereValeur(db, CompterTables) : -1;
     sqlite3_close(db);
+    if (etat != SQLITE_OK)
+        return Examen::Inaccessible;
     if (!signee)
         return Examen::Etrangere;
     if (nombre < 0)
@@ -200,19 +213,28 @@ Connexion::~Connexion()
     sqlite3_close_v2(db);
 }
 
-bool Connexion::Ouvrir(const std::string& chemin)
+RefusBase Connexion::Ouvrir(const std::string& chemin)
 {
-    if (!FichierExiste(chemin) || !fichier_.Prendre(chemin))
-        return false;
-    // A torn schema may be the work of a crash, which the journal beside the base undoes.
-    const Examen examen = Examiner(chemin);
-    if (examen == Examen::Autre || examen == Examen::Etrangere ||
-        (examen == Examen::Illisible && !FichierExiste(chemin + "-journal")))
-        return false;
+    if (!FichierExiste(chemin))
+        return RefusBase::Etrangere;
+    if (!fichier_.Prendre(chemin))
+        return RefusBase::Illisible;
+    switch (Examiner(chemin)) {
+        case Examen::Base: break;
+        case Examen::Inaccessible: return RefusBase::Illisible;
+        case Examen::Autre:
+        case Examen::Etrangere: return RefusBase::Etrangere;
+        case Examen::Illisible:
+            // A torn schema may be the work of a crash, which the journal beside the base undoes.
+            if (!FichierExiste(chemin + "-journal"))
+                return RefusBase::Illisible;
+    }
 
     const int modes = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
-    if (sqlite3_open_v2(chemin.c_str(), &db, modes, nullptr) != SQLITE_OK || sqlite3_db_readonly(db, "main") != 0)
-        return false;
+    if (sqlite3_open_v2(chemin.c_str(), &db, modes, nullptr) != SQLITE_OK)
+        return RefusBase::Illisible;
+    if (sqlite3_db_readonly(db, "main") != 0)
+        return RefusBase::LectureSeule;
     sqlite3_db_config(db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
@@ -220,13 +242,15 @@ bool Connexion::Ouvrir(const std::string& chemin)
     const char* reglages =
         "pragma locking_mode = exclusive; pragma cell_size_check = on; pragma cache_size = -32768;"
         "begin exclusive; commit; pragma journal_mode = delete; pragma synchronous = full";
-    if (sqlite3_exec(db, reglages, nullptr, nullptr, nullptr) != SQLITE_OK || PremiereValeur(db, CompterTables) != 2)
-        return false;
+    if (const int etat = sqlite3_exec(db, reglages, nullptr, nullptr, nullptr); etat != SQLITE_OK)
+        return MotifDe(etat & 0xff);
+    if (PremiereValeur(db, CompterTables) != 2)
+        return RefusBase::Illisible;
     sqlite3_create_collation(db, "francais", SQLITE_UTF8, this, Comparer);
     sqlite3_create_function(db, "comme", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY, nullptr, Comme,
                             nullptr, nullptr);
     sqlite3_progress_handler(db, OperationsParPas, Pas, this);
-    return true;
+    return RefusBase::Aucun;
 }
 
 bool Connexion::LireCompteur(std::array<uint8_t, 4>& compteur)
@@ -260,6 +284,8 @@ bool Connexion::Terminer(sqlite3_stmt* enonce)
     sqlite3_reset(enonce);
     if (etat == SQLITE_DONE)
         return true;
+    if (!cheminAvis.empty() && CouteLaTransaction(etat & 0xff))
+        LaisserAvis("La base n'a pas pu être écrite : " + cheminAvis);
     if (enTransaction && CouteLaTransaction(etat & 0xff) && !sqlite3_get_autocommit(db))
         sqlite3_exec(db, "rollback", nullptr, nullptr, nullptr);
     return false;

@@ -16,6 +16,7 @@
 #include "commun/Formes.h"
 #include "platform/FichiersReserves.h"
 #include "platform/OperationsFichiers.h"
+#include "store/Base.h"
 
 // Inside of the store only: the connection that all openings of one base share. For the thread that uses the store;
 // texts are UTF-8, paths real ones.
@@ -66,8 +67,8 @@ struct Connexion {
     Connexion(const Connexion&) = delete;
     Connexion& operator=(const Connexion&) = delete;
 
-    // False, and the file untouched, for all that OpenDatabase refuses.
-    bool Ouvrir(const std::string& chemin);
+    // The file is untouched by all that OpenDatabase refuses.
+    RefusBase Ouvrir(const std::string& chemin);
 
     // One statement of SQLite's own dialect; null when it is refused.
     Enonce Preparer(std::string_view texte);
@@ -94,6 +95,7 @@ struct Connexion {
     bool LireCompteur(std::array<uint8_t, 4>& compteur);
 
     sqlite3* db = nullptr;
+    std::string cheminAvis;  // of a base whose user is told when it can't be written; else empty
     bool enTransaction = false;
     std::vector<Attache*> attaches;
     std::stop_token arret;  // long selects look at it

@@ -6,6 +6,7 @@ namespace {
 
 std::atomic<bool> arbre{false};
 std::atomic<bool> icones{false};
+std::atomic<int64_t> media{0};
 
 }  // namespace
 
@@ -27,4 +28,14 @@ bool IconesARecharger()
 void FixerIconesARecharger(bool recharger)
 {
     icones = recharger;
+}
+
+int64_t ReprendreMediaAMontrer()
+{
+    return media.exchange(0);
+}
+
+void FixerMediaAMontrer(int64_t numero)
+{
+    media = numero;
 }

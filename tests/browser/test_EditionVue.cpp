@@ -1,3 +1,6 @@
+#include <sys/resource.h>
+#include <csignal>
+
 #include <QTest>
 #include <QtWidgets>
 
@@ -6,6 +9,7 @@
 #include "catalogue/Cles.h"
 #include "catalogue/Lignes.h"
 #include "catalogue/Medias.h"
+#include "fenetres/TextesQt.h"
 #include "fenetres/TravailFenetre.h"
 #include "outils/Fenetres.h"
 #include "outils/LignesTest.h"
@@ -315,6 +319,77 @@ TEST_F(TestEdition, UneBaseQuOnNePeutPasFaireLaisseTout)
         EXPECT_EQ(BaseCourante(), avant);
     }
     EXPECT_TRUE(Chercher(Arbre(), "Média").isValid());
+}
+
+TEST_F(TestEdition, UneBaseQuiNeSEcritPasResteCommeElleEst)
+{
+    const auto statut = [&] { return Enfant<QLabel>(*vue_, "Commentaire")->text().toStdString(); };
+    const std::string base = BaseCourante(), octets = Contenu(base);
+    const struct {
+        const char *noeud, *item, *commande;
+    } cas[] = {{"Média", "", "Repert2 1"},       {"Média", "", "Repert2 2"},      {"Média", "", "Repert2 3"},
+               {"sous", "", "Repert3 0"},        {"sous", "", "Repert3 1"},       {"sous", "", "Repert3 4"},
+               {"a.zip", "", "Repert3 2"},       {"a.zip", "", "Repert3 3"},      {"Média", "b.txt", "Fichier2 0"},
+               {"Média", "b.txt", "Fichier2 1"}, {"Média", "sous", "Fichier2 1"}, {"Média", "b.txt", "Fichier2 2"},
+               {"Média", "sous", "Fichier2 0"}};
+    QPixmap(16, 16).save(QString::fromStdString((travail_ / "i.ico").string()), "ICO");
+    dialogues_.fichier = (travail_ / "i.ico").string();
+    const auto changer = [&](QDialog& dialogue) {
+        if (auto* nom = dialogue.findChild<QLineEdit*>("Saisie"))
+            nom->insert("autre");
+        if (auto* texte = dialogue.findChild<QPlainTextEdit*>("Saisie")) {
+            texte->setPlainText("autre");
+            texte->document()->setModified(true);
+        }
+        if (auto* icone = dialogue.findChild<QPushButton*>("Recherche"))
+            icone->click();
+        Enfant<QPushButton>(dialogue, "OK 0")->click();
+    };
+    Choisir(Arbre(), "Média");
+    for (const auto& [noeud, item, commande] : cas) {
+        SCOPED_TRACE(std::string(commande) + " " + noeud + " " + item);
+        Choisir(Arbre(), noeud);
+        if (*item)
+            Choisir(Rapport(), item);
+        const QStringList noms = Noms();
+        Ecrire(base, "d'un autre programme");
+        EXPECT_FALSE(Commander(commande, changer)) << "nothing to ask about";
+        EXPECT_NE(statut().find(base), std::string::npos) << statut();
+        EXPECT_EQ(Contenu(base), "d'un autre programme");
+        Ecrire(base, octets);
+        Charger();
+        Choisir(Arbre(), "Média");
+        Choisir(Arbre(), noeud);
+        if (*item)
+            Choisir(Rapport(), item);
+
+        // It opens and can't be written.
+        rlimit avant{};
+        getrlimit(RLIMIT_FSIZE, &avant);
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit aucune{0, avant.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &aucune);
+        Commander(commande, changer);
+        setrlimit(RLIMIT_FSIZE, &avant);
+        EXPECT_EQ(statut(), "La base n'a pas pu être écrite : " + base);
+        EXPECT_EQ(Contenu(base), octets);
+        EXPECT_EQ(Noms(), noms);
+        EXPECT_TRUE(Chercher(Arbre(), noeud).isValid());
+    }
+}
+
+TEST(TextesQt, CeQuiNeSeTapePasRevient)
+{
+    using namespace std::string_literals;
+    for (const std::string& texte :
+         {"a\0b\x1a\x7f\tc"s, "\u2400 et \0"s, "\u2421\x7f\0"s, "\r\n\r\n"s, "é\r\nfin"s, ""s}) {
+        const QString montre = EnLignesEditables(texte);
+        EXPECT_FALSE(montre.contains(QChar(0)));
+        EXPECT_EQ(RelireLignes(montre + "!", texte), texte.find("\u2400") == 0   ? "\u2400 et \u2400!"
+                                                     : texte.find("\u2421") == 0 ? "\u2421\u2421\0!"s
+                                                                                 : texte + "!");
+    }
+    EXPECT_EQ(EnLignesEditables("a\rb\r\nc\r\r\n\r"), "a\nb\nc\n\n\n");
 }
 
 TEST(Commandes, PermisesSelonLaSelection)

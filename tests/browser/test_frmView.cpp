@@ -1,8 +1,10 @@
 #include <QTest>
 #include <QtWidgets>
 
+#include "browser/DelegueIcones.h"
 #include "browser/frmView.h"
 #include "fenetres/TravailFenetre.h"
+#include "outils/Brut.h"
 #include "outils/Fenetres.h"
 #include "outils/LignesTest.h"
 #include "store/Base.h"
@@ -58,6 +60,26 @@ protected:
     {
         QTest::keyClick(vue, touche);
         Calmer(travailleur_);
+    }
+    void Recharger()
+    {
+        FixerArbreARecharger(true);
+        EXPECT_TRUE(vue_->ChargerArbre());
+        Calmer(travailleur_);
+    }
+    void VenirDevant()
+    {
+        QEvent devant(QEvent::ActivationChange);
+        QCoreApplication::sendEvent(vue_.get(), &devant);
+        Calmer(travailleur_);
+    }
+    QModelIndex Noeud(const QString& texte)
+    {
+        const QModelIndex racine = Arbre()->model()->index(0, 0);
+        return Arbre()
+            ->model()
+            ->match(racine, Qt::DisplayRole, texte, 1, Qt::MatchExactly | Qt::MatchRecursive)
+            .value(0);
     }
     void Declencher(const QString& texte)
     {
@@ -269,4 +291,190 @@ TEST_F(TestVue, MontreToutesLesDescriptions)
     }
     const QFontMetrics lettres(Trouver<QPlainTextEdit>("description")->font());
     EXPECT_EQ(lettres.horizontalAdvance('i'), lettres.horizontalAdvance('M'));
+}
+
+TEST_F(TestVue, UneToucheCliqueLeNoeudQueLeChargementAChoisi)
+{
+    for (const Qt::Key touche : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_Down, Qt::Key_Right}) {
+        Ouvrir();
+        EXPECT_EQ(vue_->focusWidget(), Arbre());
+        EXPECT_EQ(Rapport()->model()->rowCount(), 0);
+        Touche(Arbre(), touche);
+        EXPECT_EQ(Titre(), "           Média") << touche;
+        EXPECT_EQ(Rapport()->model()->rowCount(), 3) << touche;
+    }
+    Cliquer(Rapport(), Rapport()->model()->index(0, 0));
+    EXPECT_EQ(Description(), "un dossier");
+    Touche(Arbre(), Qt::Key_Space);
+    EXPECT_EQ(Description(), "") << "of the node again, as after a click";
+}
+
+TEST_F(TestVue, OuvrirNEcritRienDansLesReglages)
+{
+    const auto reglages = [this] { return Contenu(racine_ / "config" / "velourne" / "reglages"); };
+    const std::string avant = reglages();
+    Ouvrir();
+    Cliquer(Arbre(), Arbre()->currentIndex());
+    vue_->resize(700, 500);
+    Recharger();
+    EXPECT_EQ(reglages(), avant);
+}
+
+TEST_F(TestVue, GardeCeQuiEstOuvertDUnChargementALAutre)
+{
+    Arbre()->expand(Arbre()->currentIndex());
+    Cliquer(Arbre(), Noeud("sous"));
+    Arbre()->expand(Arbre()->currentIndex());
+    ASSERT_TRUE(Noeud("fond").isValid()) << "found by the click only";
+    Cliquer(Arbre(), Noeud("fond"));
+    Cliquer(Arbre(), Noeud("sous"));
+    Cliquer(Rapport(), Rapport()->model()->index(1, 0));
+    const QString choisi = Rapport()->currentIndex().siblingAtColumn(ColNom).data().toString();
+    AjouterMediaTest({"Autre", "#a; 2-000000001# 2-000000002#fermé"});
+
+    for (QWidget* focus : {static_cast<QWidget*>(Arbre()), static_cast<QWidget*>(Rapport()),
+                           static_cast<QWidget*>(Trouver<QPlainTextEdit>("description"))}) {
+        focus->setFocus();
+        Recharger();
+        EXPECT_EQ(Arbre()->currentIndex().data().toString(), "sous");
+        EXPECT_EQ(Titre(), "           sous");
+        EXPECT_TRUE(Arbre()->isExpanded(Noeud("Média")));
+        EXPECT_TRUE(Arbre()->isExpanded(Noeud("sous"))) << "with the nodes that no tree text has";
+        EXPECT_FALSE(Arbre()->isExpanded(Noeud("Autre")));
+        EXPECT_EQ(Rapport()->model()->rowCount(), 2);
+        EXPECT_EQ(Rapport()->currentIndex().siblingAtColumn(ColNom).data().toString(), choisi);
+        EXPECT_EQ(vue_->focusWidget(), focus);
+    }
+
+    Brut(BaseCourante(), "update Catalogue set Tree = '#a' where Num = 1; delete from Liste where Nom = 'sous'");
+    Recharger();
+    EXPECT_EQ(Arbre()->currentIndex().data().toString(), "Média") << "the nearest one that is left";
+    FixerMediaAMontrer(2);
+    Recharger();
+    EXPECT_EQ(Arbre()->currentIndex().data().toString(), "Autre");
+    EXPECT_EQ(Rapport()->model()->rowCount(), 0) << "selected, and not clicked";
+
+    // The same keys in another base are other nodes.
+    FixerBaseCourante((travail_ / "autre.vlr").string());
+    ASSERT_TRUE(CopierModele(BaseCourante()));
+    AjouterMediaTest({"A", "#a; 1-000000001# 1-000000002#x"});
+    AjouterMediaTest({"B", "#a"});
+    EXPECT_TRUE(vue_->ChargerArbre()) << "the tree of a base that is current no more";
+    Calmer(travailleur_);
+    EXPECT_EQ(vue_->windowTitle().toStdString(), "Velourne (" + BaseCourante() + ")");
+    EXPECT_EQ(Arbre()->currentIndex().data().toString(), "B") << "the last one of a first loading";
+}
+
+TEST_F(TestVue, GardeLaPlaceDansUnLongArbre)
+{
+    for (int i = 0; i < 200; ++i)
+        AjouterMediaTest({"m" + std::to_string(1000 + i), "#a"});
+    Recharger();
+    Cliquer(Arbre(), Noeud("m1100"));
+    Arbre()->verticalScrollBar()->setValue(120);
+    const QString haut = Arbre()->indexAt({0, 0}).data().toString();
+    AjouterMediaTest({"a, ahead of all others", "#a"});
+    Recharger();
+    EXPECT_EQ(Arbre()->indexAt({0, 0}).data().toString(), haut);
+    EXPECT_EQ(Arbre()->currentIndex().data().toString(), "m1100");
+}
+
+TEST_F(TestVue, DitPourquoiLaBaseNeSOuvrePas)
+{
+    const std::string base = BaseCourante(), octets = Contenu(base);
+    const auto dite = [&] { return Statut().toStdString().find(base) != std::string::npos; };
+    Ecrire(base, "d'un autre programme");
+    Cliquer(Arbre(), Arbre()->currentIndex());
+    EXPECT_TRUE(dite()) << Statut().toStdString();
+    VenirDevant();
+    EXPECT_TRUE(dite());
+    Ecrire(base, octets);
+    VenirDevant();
+    EXPECT_FALSE(dite());
+    EXPECT_EQ(Rapport()->model()->rowCount(), 3) << "what could not be read is read";
+
+    Arbre()->expand(Arbre()->currentIndex());
+    Ecrire(base, "d'un autre programme");
+    Recharger();
+    EXPECT_TRUE(dite());
+    EXPECT_FALSE(Trouver<QWidget>("accueil")->isVisible()) << "nobody knows whether it is empty";
+    EXPECT_EQ(Contenu(base), "d'un autre programme");
+    Ecrire(base, octets);
+    VenirDevant();
+    EXPECT_FALSE(dite());
+    EXPECT_TRUE(Arbre()->isExpanded(Noeud("Média"))) << "open before it was away";
+
+    std::filesystem::remove(base);
+    Recharger();
+    EXPECT_NE(BaseCourante(), base);
+    EXPECT_EQ(vue_->windowTitle().toStdString(), "Velourne (" + BaseCourante() + ")");
+    EXPECT_TRUE(dite());
+}
+
+TEST_F(TestVue, UnCatalogueVideDitCommentCommencer)
+{
+    QWidget* accueil = Trouver<QWidget>("accueil");
+    EXPECT_FALSE(accueil->isVisible());
+    dialogues_.fichier = (travail_ / "vide.vlr").string();
+    Declencher("Créer un nouveau catalogue");
+    EXPECT_TRUE(accueil->isVisible());
+    int voulu = 0;
+    QObject::connect(vue_.get(), &frmView::ajoutVoulu, [&] { ++voulu; });
+    QTest::mouseClick(Trouver<QPushButton>("ajouter"), Qt::LeftButton);
+    EXPECT_EQ(voulu, 1);
+    AjouterMediaTest({"Premier", "#a"});
+    Recharger();
+    EXPECT_FALSE(accueil->isVisible());
+}
+
+TEST_F(TestVue, LesColonnesVontAuxTextes)
+{
+    AjouterLignes(1, {{"000000001", "0", "t", "a", "1 Ko", "Image de photographe au long nom"}});
+    Cliquer(Arbre(), Arbre()->currentIndex());
+    const QFontMetrics lettres = Rapport()->fontMetrics();
+    QHeaderView* tete = Rapport()->header();
+    EXPECT_GT(tete->sectionSize(ColType), lettres.horizontalAdvance("Image de photographe au long nom"));
+    EXPECT_TRUE(Rapport()->model()->index(0, ColTaille).data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
+    tete->resizeSection(ColType, 50);
+    Recharger();
+    EXPECT_EQ(tete->sectionSize(ColType), 50) << "chosen by hand";
+    vue_->close();
+    Ouvrir();
+    Cliquer(Arbre(), Arbre()->currentIndex());
+    EXPECT_EQ(Rapport()->header()->sectionSize(ColType), 50) << "and kept";
+}
+
+TEST_F(TestVue, LesIconesMontrentLesNoms)
+{
+    auto* icones = Trouver<QListView>("lvIcones");
+    const QFontMetrics lettres = icones->fontMetrics();
+    const int lettre = lettres.averageCharWidth();
+    Declencher("Liste");
+    Cliquer(Arbre(), Arbre()->currentIndex());
+    const int etroite = icones->gridSize().width();
+    const std::string moyen = "Rapport de la semaine.odt";
+    AjouterLignes(1, {{"000000001", "0", moyen, "a"}});
+    Recharger();
+    EXPECT_GT(icones->gridSize().width(), etroite);
+    EXPECT_GE(icones->visualRect(icones->model()->index(0, 0)).width(),
+              lettres.horizontalAdvance(QString::fromStdString(moyen)) + icones->iconSize().width());
+    AjouterLignes(1, {{"000000001", "0", std::string(200, 'x') + ".odt", "a"}});
+    Recharger();
+    EXPECT_LT(icones->gridSize().width(), 40 * lettre + 60);
+    Declencher("Mosaique");
+    EXPECT_LT(icones->gridSize().width(), 20 * lettre + 60);
+
+    const int largeur = 20 * lettre;
+    for (const auto& [nom, lignes] :
+         {std::pair("f.z", 1), std::pair("archive.zip", 1), std::pair("", 1),
+          std::pair("photo des vacances à la mer.jpg", 2), std::pair("unelonguesuitesansblanc.mp3.gz", 2),
+          std::pair("une très longue suite de mots qui ne tient pas en deux lignes.jpg", 2)}) {
+        const QStringList montrees = DelegueIcones::Lignes(nom, icones->font(), largeur);
+        EXPECT_EQ(montrees.size(), lignes) << nom;
+        const QString tout = montrees.join("");
+        EXPECT_EQ(tout.contains("…"), std::string(nom).find("deux lignes") != std::string::npos) << nom;
+        EXPECT_EQ(tout.right(3), QString(nom).right(3)) << nom;
+        for (const QString& ligne : montrees)
+            EXPECT_LE(lettres.horizontalAdvance(ligne), largeur) << nom;
+    }
 }

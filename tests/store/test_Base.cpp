@@ -35,6 +35,15 @@ protected:
         return ecrites;
     }
 
+    // Why a base is not opened.
+    static RefusBase Refus(const std::string& chemin)
+    {
+        RefusBase refus = RefusBase::Aucun;
+        const bool ouverte = OpenDatabase(chemin, {}, &refus).Ouverte();
+        EXPECT_EQ(ouverte, refus == RefusBase::Aucun);
+        return refus;
+    }
+
     int64_t Compter(const std::string& texte) { return OpenDatabase(chemin_).OpenRecordset(texte).RecordCount(); }
 
     std::string chemin_;
@@ -51,17 +60,21 @@ TEST_F(BaseStore, ForeignFilesAreRefusedAndLeftAsTheyWere)
     Ecrire(travail_ / "tronquee", std::string_view(base).substr(0, base.size() / 2));
     Ecrire(travail_ / "entete", std::string_view(base).substr(0, 16));
     Ecrire(travail_ / "bruit", base.substr(0, 100) + std::string(base.size() - 100, '\x5a'));
-    for (const char* nom : {"autre", "wal", "demi", "vues", "vide", "tronquee", "entete", "bruit"}) {
+    using enum RefusBase;
+    for (const auto& [nom, refus] :
+         {std::pair("autre", Etrangere), std::pair("wal", Etrangere), std::pair("demi", Etrangere),
+          std::pair("vues", Etrangere), std::pair("vide", Etrangere), std::pair("tronquee", Illisible),
+          std::pair("entete", Illisible), std::pair("bruit", Illisible)}) {
         const std::string chemin = (travail_ / nom).string(), avant = Contenu(chemin);
-        EXPECT_FALSE(OpenDatabase(chemin).Ouverte()) << nom;
+        EXPECT_EQ(Refus(chemin), refus) << nom;
         EXPECT_FALSE(CompactDatabase(chemin, (travail_ / "copie").string())) << nom;
         EXPECT_FALSE(BaseARendre(chemin)) << nom;
         EXPECT_EQ(Contenu(chemin), avant) << nom;
         for (const char* suite : {"-journal", "-wal", "-shm"})
             EXPECT_FALSE(FichierExiste(chemin + suite)) << nom << suite;
     }
-    EXPECT_FALSE(OpenDatabase(travail_.string()).Ouverte());
-    EXPECT_FALSE(OpenDatabase((travail_ / "absente").string()).Ouverte());
+    EXPECT_EQ(Refus(travail_.string()), Etrangere);
+    EXPECT_EQ(Refus((travail_ / "absente").string()), Absente);
     EXPECT_FALSE(FichierExiste((travail_ / "absente").string()) || FichierExiste((travail_ / "copie").string()));
 }
 
@@ -69,7 +82,7 @@ TEST_F(BaseStore, ReadOnlyBaseIsRefused)
 {
     const std::string avant = Contenu(chemin_);
     Executer("chmod 755 .. . && chmod 444 essai.vlr");
-    EXPECT_TRUE(SansPrivileges([this] { return !OpenDatabase(chemin_).Ouverte(); }));
+    EXPECT_TRUE(SansPrivileges([this] { return Refus(chemin_) == RefusBase::LectureSeule; }));
     EXPECT_EQ(Contenu(chemin_), avant);
 }
 
@@ -88,7 +101,7 @@ TEST_F(BaseStore, OneProcessAtATime)
     ASSERT_EQ(read(tube[0], &octet, 1), 1);
     close(tube[0]);
     const std::string avant = Contenu(chemin_);
-    EXPECT_FALSE(OpenDatabase(chemin_).Ouverte());
+    EXPECT_EQ(Refus(chemin_), RefusBase::Occupee);
     EXPECT_FALSE(CompactDatabase(chemin_, (travail_ / "copie").string()));
     EXPECT_EQ(Contenu(chemin_), avant);
     kill(autre, SIGKILL);
