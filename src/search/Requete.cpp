@@ -44,6 +44,17 @@ std::string TexteRecherche(const DemandeRecherche& demande)
     return debut + CorpsRecherche(demande) + " order by Nom asc";
 }
 
+std::string ExpliquerRien(const DemandeRecherche& demande)
+{
+    if (demande.mot.empty())
+        return "Aucun mot à rechercher : saisir * pour tout trouver";
+    if (demande.mot.find('\'') != std::string::npos)
+        return "Un mot qui contient une apostrophe (') ne trouve rien : saisir ? à sa place";
+    if (demande.mot.find_first_of("*?") == std::string::npos)
+        return "Sans *, seul le texte entier compte : saisir *" + demande.mot + "* pour ce qui contient le mot";
+    return {};
+}
+
 int ChoisirMode(int onglet, bool parExtension, bool parDates)
 {
     if (onglet != RechercheAvancee)

@@ -19,6 +19,9 @@ struct DemandeRecherche {
 std::string CorpsRecherche(const DemandeRecherche& demande);
 std::string TexteRecherche(const DemandeRecherche& demande);
 
+// Why a search may have found nothing, for its user; empty when there is no more to say.
+std::string ExpliquerRien(const DemandeRecherche& demande);
+
 // What of a row is looked at beside the word. The number of a mode: 1 for the extension, 2 for the dates, 3 for both.
 enum ModeFiltre { FiltreAucun = 0, FiltreExtension = 1, FiltreDates = 2, FiltreExtensionEtDates = 3 };
 
@@ -26,6 +29,7 @@ struct FiltreRecherche {
     int mode = FiltreAucun;
     std::string extension;   // as chosen in the list
     std::string debut, fin;  // "yyyymmdd", both included
+    bool sansType = true;    // files without a type and what lies in archives count too
 };
 
 // The mode on a tab; only the advanced one filters.

@@ -7,6 +7,8 @@
 #include <QLibraryInfo>
 #include <QLocale>
 
+#include "fenetres/StyleVisible.h"
+
 namespace {
 
 int& Preparer(int& argc)
@@ -21,6 +23,7 @@ Application::Application(int& argc, char** argv) : QApplication(Preparer(argc), 
 {
     Q_INIT_RESOURCE(velourne);
     setlocale(LC_NUMERIC, "C");
+    setStyle(new StyleVisible);
     setApplicationName("velourne");
     setDesktopFileName("velourne");
     setWindowIcon(QIcon(":/images/velourne.svg"));
