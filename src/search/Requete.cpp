@@ -17,7 +17,8 @@ std::string ParNom(const std::string& mot, const char* ou)
 
 }  // namespace
 
-// The blanks of these texts are as they are; so is the choice of a media, which a search in descriptions alone ignores.
+// The blanks of these texts are as they are. Which switches and media count: kept, particularité 60; the word with "'":
+// kept, particularité 61.
 std::string CorpsRecherche(const DemandeRecherche& demande)
 {
     constexpr const char* ou = "' or  Alias like '";
