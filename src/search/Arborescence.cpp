@@ -194,5 +194,5 @@ LieuxResultats LireLieux(const ListeFichiers& resultats, const std::stop_token& 
     for (int32_t rang = 0; rang < resultats.Nombre() && !arret.stop_requested(); ++rang)
         lieux.places[static_cast<size_t>(resultats.Indice(rang))] = lecture.Lire(resultats[rang]);
     lieux.lieux = lecture.Lieux();
-    return lieux;
+    return arret.stop_requested() ? LieuxResultats() : lieux;
 }

@@ -37,5 +37,5 @@ struct LieuxResultats {
     }
 };
 
-// Reads each directory of the results once. Cut short when it was asked to stop.
+// Reads each directory of the results once. Empty when it was asked to stop.
 LieuxResultats LireLieux(const ListeFichiers& resultats, const std::stop_token& arret = {});

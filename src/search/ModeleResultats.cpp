@@ -15,9 +15,11 @@ int ModeleResultats::columnCount(const QModelIndex& parent) const
 
 QVariant ModeleResultats::data(const QModelIndex& index, int role) const
 {
+    if (role == Qt::ToolTipRole)
+        return {};  // the window has a tip of its own for each row
     if (index.column() < ColMedia)
         return ModeleListe::data(index, role);
-    if (index.row() >= rowCount() || !LieuxConnus() || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
+    if (index.row() >= rowCount() || !LieuxConnus() || role != Qt::DisplayRole)
         return {};
     return EnQString(TexteLieu(lieux_[liste_.Indice(index.row())], index.column()));
 }

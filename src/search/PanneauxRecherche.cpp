@@ -329,6 +329,12 @@ void PanneauxRecherche::CreerStatut(QMainWindow& fenetre)
     fenetre.statusBar()->addPermanentWidget(barre);
 }
 
+void PanneauxRecherche::Expliquer(const QString& texte)
+{
+    explication->setText(texte);
+    explication->setToolTip(EnBulle(texte));
+}
+
 QList<QWidget*> PanneauxRecherche::Choix() const
 {
     QList<QWidget*> choix = {sansType, lExt, lIdent, lLables};

@@ -30,6 +30,9 @@ struct PanneauxRecherche {
 
     PanneauxRecherche(QMainWindow& fenetre, QAbstractItemModel& modele);
 
+    // Says in the status line why nothing was found.
+    void Expliquer(const QString& texte);
+
     // What is chosen from and switched, but for the words.
     QList<QWidget*> Choix() const;
 

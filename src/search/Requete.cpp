@@ -45,12 +45,14 @@ std::string TexteRecherche(const DemandeRecherche& demande)
     return debut + CorpsRecherche(demande) + " order by Nom asc";
 }
 
-std::string ExpliquerRien(const DemandeRecherche& demande)
+std::string ExpliquerRien(const DemandeRecherche& demande, const FiltreRecherche& filtre)
 {
     if (demande.mot.empty())
         return "Aucun mot à rechercher : saisir * pour tout trouver";
     if (demande.mot.find('\'') != std::string::npos)
         return "Un mot qui contient une apostrophe (') ne trouve rien : saisir ? à sa place";
+    if ((filtre.mode & FiltreDates) && filtre.debut > filtre.fin)
+        return "La date de début est après la date de fin";
     if (demande.mot.find_first_of("*?") == std::string::npos)
         return "Sans *, seul le texte entier compte : saisir *" + demande.mot + "* pour ce qui contient le mot";
     return {};

@@ -19,9 +19,6 @@ struct DemandeRecherche {
 std::string CorpsRecherche(const DemandeRecherche& demande);
 std::string TexteRecherche(const DemandeRecherche& demande);
 
-// Why a search may have found nothing, for its user; empty when there is no more to say.
-std::string ExpliquerRien(const DemandeRecherche& demande);
-
 // What of a row is looked at beside the word. The number of a mode: 1 for the extension, 2 for the dates, 3 for both.
 enum ModeFiltre { FiltreAucun = 0, FiltreExtension = 1, FiltreDates = 2, FiltreExtensionEtDates = 3 };
 
@@ -31,6 +28,9 @@ struct FiltreRecherche {
     std::string debut, fin;  // "yyyymmdd", both included
     bool sansType = true;    // files without a type and what lies in archives count too
 };
+
+// Why a search may have found nothing, for its user; empty when there is no more to say.
+std::string ExpliquerRien(const DemandeRecherche& demande, const FiltreRecherche& filtre = {});
 
 // The mode on a tab; only the advanced one filters.
 int ChoisirMode(int onglet, bool parExtension, bool parDates);

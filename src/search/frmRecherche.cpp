@@ -65,6 +65,8 @@ ListeFichiers::Ordre Trier(const ListeFichiers& liste, const LieuxResultats& lie
 {
     if (tri.colonne < ColMedia)
         return liste.Trier(tri.colonne, tri.decroissant, arret);
+    if (lieux.places.empty())
+        return {};
     return liste.Trier(ColNom, tri.decroissant, arret,
                        [&](int32_t indice, std::string_view) { return TexteLieu(lieux[indice], tri.colonne); });
 }
@@ -347,9 +349,10 @@ void frmRecherche::Rechercher()
     const auto trouves = std::make_shared<ListeFichiers>();
     const auto lieux = std::make_shared<LieuxResultats>();
     const DemandeRecherche demande = etat_.Demande();
+    const FiltreRecherche filtre = etat_.Filtre();
     travail_.Demander(
         Place::Recherche,
-        [this, trouves, lieux, demande, filtre = etat_.Filtre(), tri = etat_.Tri(), voulus = etat_.LieuxVoulus(),
+        [this, trouves, lieux, demande, filtre, tri = etat_.Tri(), voulus = etat_.LieuxVoulus(),
          nombre = nombre_](const std::stop_token& arret) {
             *trouves = RechercheLabel(demande, filtre, icones_, arret, *nombre);
             if (voulus)
@@ -357,10 +360,10 @@ void frmRecherche::Rechercher()
             if (tri)
                 trouves->Ordonner(Trier(*trouves, *lieux, *tri, arret));
         },
-        [this, trouves, lieux, demande] {
+        [this, trouves, lieux, demande, filtre] {
             Recevoir(std::move(*trouves), std::move(*lieux));
             if (liste_.Nombre() == 0)
-                panneaux_.explication->setText(EnQString(ExpliquerRien(demande)));
+                panneaux_.Expliquer(EnQString(ExpliquerRien(demande, filtre)));
         });
     NoterSaisie(demande.mot);
     ChargerHistorique();
@@ -395,7 +398,7 @@ void frmRecherche::ViderResultats()
     panneaux_.titre->clear();
     panneaux_.titre->setToolTip({});
     panneaux_.commentaire->clear();
-    panneaux_.explication->clear();
+    panneaux_.Expliquer({});
     modeleListe_->Cacher();
     // A piece that sorts them may run yet.
     travail_.Executer(Place::TriResultats, [this] {
@@ -487,7 +490,7 @@ void frmRecherche::lvListView_Click()
             return;
         const ItemListe item = liste_[index.row()];
         panneaux_.titre->setText(" " + EnQString(Generer_Arborescence_Lite(item.cle)));
-        panneaux_.titre->setToolTip(panneaux_.titre->text());
+        panneaux_.titre->setToolTip(EnBulle(panneaux_.titre->text()));
         if (GetSettingNombre(SectionSettings, CleOptionsDivers[3], 1) == 1)
             MontrerDescription(item, index);
         else
@@ -608,9 +611,11 @@ bool frmRecherche::MontrerLieu(const QPoint& place)
         return false;
     travail_.Executer(Place::Description, [this, index, place] {
         const ItemListe item = liste_[index.row()];
-        const QString lieu = EnQString(item.cellules[ColNom]) + "\n" + EnQString(Generer_Arborescence_Lite(item.cle));
         const QWidget* surface = panneaux_.lvListView->viewport();
-        QToolTip::showText(surface->mapToGlobal(place), lieu, panneaux_.lvListView->viewport());
+        QStringList lignes = {EnQString(item.cellules[ColNom]), EnQString(Generer_Arborescence_Lite(item.cle))};
+        for (QString& ligne : lignes)
+            ligne = fontMetrics().elidedText(ligne, Qt::ElideMiddle, surface->width());
+        QToolTip::showText(surface->mapToGlobal(place), EnBulle(lignes.join('\n')), panneaux_.lvListView->viewport());
     });
     return true;
 }

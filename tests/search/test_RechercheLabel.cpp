@@ -361,6 +361,10 @@ TEST_F(Recherche, DitPourquoiRien)
         EXPECT_NE(texte.find(attendu), std::string::npos) << mot;
         EXPECT_EQ(texte.empty(), *attendu == 0) << mot;
     }
+    DemandeRecherche tout;
+    tout.mot = "*";
+    EXPECT_EQ(ExpliquerRien(tout, {FiltreDates, "", "20030101", "20030101"}), "");
+    EXPECT_NE(ExpliquerRien(tout, {FiltreDates, "", "20030102", "20030101"}), "");
 }
 
 TEST_F(Recherche, DescriptionParNomOuAlias)

@@ -213,6 +213,7 @@ TEST_F(FenetreRecherche, MontreOuSontLesResultats)
     QHelpEvent survol(QEvent::ToolTip, Place(0), resultats_->viewport()->mapToGlobal(Place(0)));
     QApplication::sendEvent(resultats_->viewport(), &survol);
     EXPECT_EQ(QToolTip::text(), "fond.txt\nDisque\\un\\deux\\trois");
+    EXPECT_EQ(EnBulle("<b>a</b>"), "<p style=\"white-space:pre\">&lt;b&gt;a&lt;/b&gt;</p>");
 
     const auto largeur = [this] { return resultats_->header()->length(); };
     EXPECT_EQ(largeur(), resultats_->viewport()->width()) << "no width is lost";
