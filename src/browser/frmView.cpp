@@ -436,11 +436,11 @@ void frmView::Atteindre(const Cible& cible)
             arbre.Selectionner(noeud);
             SelectionnerNoeud();
             noeudAMontrer_.stop();
-            itemVoulu_ = {cible.cleItem};
+            itemVoulu_ = {cible.item ? cible.item() : std::string()};
             tvTreeView_Click();
         }
         cible.fini(noeud != ArbreCatalogue::Aucun);
-        if (noeud != ArbreCatalogue::Aucun && cible.cleItem.empty())
+        if (noeud != ArbreCatalogue::Aucun && !cible.item)
             panneaux_.arbre->setFocus();
     });
 }

@@ -44,12 +44,13 @@ public:
     void tvTreeView_Click();
     void lvListView_Click();
 
-    // Shows an entry that another window has found: the node with the first key, to which `preparer` may add nodes,
-    // then the item of its list with the second key (none: the tree takes the focus). `fini` is told whether the node
-    // was there; what is shown has then changed already, but for the item.
+    // Shows an entry that another window has found: the node with this key, to which `preparer` may add nodes, then the
+    // item of its list whose key `item` gives (none: the tree takes the focus). Both may read the base. `fini` is told
+    // whether the node was there; what is shown has then changed already, but for the item.
     struct Cible {
-        std::string cleNoeud, cleItem;
+        std::string cleNoeud;
         std::function<void(ArbreCatalogue&)> preparer;
+        std::function<std::string()> item;
         std::function<void(bool trouve)> fini;
     };
     void Atteindre(const Cible& cible);

@@ -65,6 +65,12 @@ std::string CleArchive(int64_t ligne, int64_t catalogue)
     return "A" + Str(ligne) + Str(catalogue);
 }
 
+std::string CleContenant(std::string_view catalogue, std::string_view code)
+{
+    return EstCleArchive(code) && AnalyserCle(code).catalogue == catalogue ? std::string(code)
+                                                                           : CleRepertoire(catalogue, code);
+}
+
 std::string CleFichier(int64_t catalogue, int64_t ligne)
 {
     return CleRepertoire(catalogue, Str(ligne));
@@ -89,11 +95,9 @@ CleResultat AnalyserCleResultat(std::string_view cle)
     if (tiret == cle.npos || diese == cle.npos || diese < tiret)
         return {};
     CleResultat resultat;
-    resultat.noeud = cle.substr(0, diese);
-    if (EstCleArchive(cle.substr(tiret + 1)))
-        resultat.noeud.erase(0, tiret + 1);
-    resultat.item = std::string(cle.substr(0, tiret + 1)).append(cle.substr(diese + 1));
     resultat.catalogue = Trim(cle.substr(0, tiret));
+    resultat.noeud = CleContenant(resultat.catalogue, cle.substr(tiret + 1, diese - tiret - 1));
+    resultat.item = std::string(cle.substr(0, tiret + 1)).append(cle.substr(diese + 1));
     resultat.ligne = Trim(cle.substr(diese + 1));
     return resultat;
 }

@@ -20,6 +20,9 @@ std::string CleRepertoire(int64_t catalogue, std::string_view code);
 std::string CleRepertoire(std::string_view catalogue, std::string_view code);
 std::string CleMedia(int64_t catalogue);
 std::string CleArchive(int64_t ligne, int64_t catalogue);
+// Key of the node whose entries hold this code: an archive for a code of its top, else a directory or a folder inside
+// an archive.
+std::string CleContenant(std::string_view catalogue, std::string_view code);
 // Key of a file in the list: " 12- 345".
 std::string CleFichier(int64_t catalogue, int64_t ligne);
 // Key of a search result: the key of its node, "#" and the number of its row behind a blank. `code` is that of the
@@ -48,9 +51,9 @@ struct CleItem {
 };
 CleItem AnalyserCleItem(std::string_view cle);
 
-// Key of a result taken apart. The node of a file is that of the directory or archive that holds it.
+// Key of a result taken apart. The node of what is no directory is that of the directory or archive that holds it.
 struct CleResultat {
-    std::string noeud;  // " 12-000000003", "A 345 12"
+    std::string noeud;  // " 12-000000003", "A 345 12", " 12-A 345 13"
     std::string item;   // key of the row in the browser's list, " 12- 345"
     std::string catalogue, ligne;
 };

@@ -80,8 +80,11 @@ void EnregistrerPlacePrincipale(const QWidget& fenetre)
 void PrendreLaPlace(QWidget& fenetre, QWidget& autre)
 {
     fenetre.setWindowState(autre.isMaximized() ? Qt::WindowMaximized : Qt::WindowNoState);
-    if (!autre.isMaximized())
-        fenetre.setGeometry(autre.geometry());
+    if (!autre.isMaximized()) {
+        // By the corner of the frame: that of a window not yet shown is unknown, and would end up beyond the screen.
+        fenetre.resize(autre.size());
+        fenetre.move(autre.pos());
+    }
     fenetre.show();
     fenetre.raise();
     fenetre.activateWindow();

@@ -128,23 +128,17 @@ DateHeure EnDateLocale(int64_t temps)
 }
 
 namespace {
-QString FormatDateEntiere()
-{
-    QString format = QLocale().dateFormat(QLocale::ShortFormat);
-    if (!format.contains("yyyy"))
-        format.replace("yy", "yyyy");
-    return format;
+constexpr const char* FormatDateFrancaise = "dd/MM/yyyy";
 }
-}  // namespace
 
 std::string DateCourteEntiere(const DateHeure& date)
 {
-    return QLocale().toString(QDate(date.annee, date.mois, date.jour), FormatDateEntiere()).toStdString();
+    return QDate(date.annee, date.mois, date.jour).toString(FormatDateFrancaise).toStdString();
 }
 
 bool LireDateCourte(const std::string& texte, DateHeure& date)
 {
-    const QDate lue = QLocale().toDate(QString::fromStdString(texte), FormatDateEntiere());
+    const QDate lue = QDate::fromString(QString::fromStdString(texte), FormatDateFrancaise);
     if (!lue.isValid())
         return false;
     date = {lue.year(), lue.month(), lue.day()};

@@ -21,7 +21,8 @@ int64_t Maintenant();
 // From 100 ns units since 1 January 1601 UTC to local date and time, in the years 1 to 9999.
 DateHeure EnDateLocale(int64_t temps);
 
-// The short date, its year always in full, and back; false for a text that is no such date.
+// The short date as France writes it, whatever the locale, as the lists of files show theirs; and back, false for a
+// text that is no such date.
 std::string DateCourteEntiere(const DateHeure& date);
 bool LireDateCourte(const std::string& texte, DateHeure& date);
 DateHeure Aujourdhui();

@@ -30,8 +30,11 @@ EtatRecherche::EtatRecherche()
     if (Option(OptionDates))
         LireDates();
     if (!GetSetting(SectionRecLvListView, CleSortKey, "").empty())
-        tri_ = TriListe{GetSettingEntier(SectionRecLvListView, CleSortKey, ColTaille, NombreColonnes - 1),
+        tri_ = TriListe{GetSettingEntier(SectionRecLvListView, CleSortKey, ColTaille, NombreColonnesRecherche - 1),
                         GetSettingEntier(SectionRecLvListView, CleSortOrder, 0, 1) == 1};
+    sansType_ = GetSettingNombre(SectionSettings, CleRecSansType, 1) != 0;
+    for (size_t i = 0; i < colonnes_.size(); ++i)
+        colonnes_[i] = GetSettingNombre(SectionLvListView, CleRecColonnes[i], 0) == 1;
     RelireOnglet();
 }
 
@@ -72,6 +75,24 @@ void EtatRecherche::ChangerOption(int option, bool active)
     dates_ = {};
     if (active)
         LireDates();
+}
+
+void EtatRecherche::ChangerSansType(bool inclus)
+{
+    sansType_ = inclus;
+    SaveSetting(SectionSettings, CleRecSansType, inclus ? "1" : "0");
+}
+
+void EtatRecherche::MontrerColonne(int colonne, bool montree)
+{
+    const auto i = static_cast<size_t>(colonne - ColMedia);
+    colonnes_[i] = montree;
+    SaveSetting(SectionLvListView, CleRecColonnes[i], montree ? "1" : "0");
+}
+
+bool EtatRecherche::LieuxVoulus() const
+{
+    return ColonneMontree(ColMedia) || ColonneMontree(ColDossier) || (tri_ && tri_->colonne >= ColMedia);
 }
 
 void EtatRecherche::LireDates()
@@ -125,6 +146,7 @@ FiltreRecherche EtatRecherche::Filtre() const
         filtre.extension = extensions.textes[static_cast<size_t>(extensions.rang)];
     filtre.debut = dates_[0].tag;
     filtre.fin = dates_[1].tag;
+    filtre.sansType = sansType_;
     const bool parExtension = Option(OptionExtensions) && Trim(filtre.extension) != Trim(Tous);
     const bool parDates = Option(OptionDates) && !filtre.debut.empty() && !filtre.fin.empty();
     filtre.mode = ChoisirMode(onglet_, parExtension, parDates);

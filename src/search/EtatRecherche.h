@@ -10,6 +10,9 @@
 #include "search/Requete.h"
 #include "store/ClesReglages.h"
 
+// Columns behind those that all lists have, shown when the user wants them.
+enum { ColMedia = NombreColonnes, ColDossier, NombreColonnesRecherche };
+
 // What the search window holds, without its widgets: the tab, the word, the switches, dates and lists, and how the
 // results are sorted. Each choice of the user is stored at once.
 class EtatRecherche {
@@ -28,6 +31,10 @@ public:
     bool Option(int option) const { return options_[static_cast<size_t>(option)]; }
     // Turning the dates on reads them from the settings; turning them off forgets them.
     void ChangerOption(int option, bool active);
+
+    // Whether files without a type and what lies in archives are found.
+    bool SansType() const { return sansType_; }
+    void ChangerSansType(bool inclus);
 
     // A list by its settings key "LExt", "LIdent" or "LLabel": its texts and the chosen row.
     struct Liste {
@@ -51,6 +58,12 @@ public:
     const std::optional<TriListe>& Tri() const { return tri_; }
     void TrierColonne(int colonne);
 
+    // One of the two further columns.
+    bool ColonneMontree(int colonne) const { return colonnes_[static_cast<size_t>(colonne - ColMedia)]; }
+    void MontrerColonne(int colonne, bool montree);
+    // Whether it must be known where the results lie.
+    bool LieuxVoulus() const;
+
     DemandeRecherche Demande() const;
     FiltreRecherche Filtre() const;
 
@@ -59,6 +72,8 @@ private:
 
     int onglet_ = RechercheAvancee;
     std::array<bool, NombreOptions> options_{};
+    bool sansType_ = true;
+    std::array<bool, NombreColonnesRecherche - ColMedia> colonnes_{};
     std::array<Liste, NombreListes> listes_ = {{{CleLExt, {}}, {CleLIdent, {}}, {CleLLabel, {}}}};
     ChoixMedias identifiants_, labels_;
     std::array<Jour, 2> dates_;

@@ -21,9 +21,8 @@
 
 #include "browser/ModeleListe.h"
 #include "fenetres/Etiquette.h"
-#include "search/ChoixRecherche.h"
+#include "search/EtatRecherche.h"
 #include "search/Infobulle.h"
-#include "search/Requete.h"
 
 namespace {
 
@@ -64,7 +63,7 @@ QLabel* CreerLibelle(const char* texte, QWidget* voisin)
 
 }  // namespace
 
-PanneauxRecherche::PanneauxRecherche(QMainWindow& fenetre, ModeleListe& modele)
+PanneauxRecherche::PanneauxRecherche(QMainWindow& fenetre, QAbstractItemModel& modele)
     : historique(new QStringListModel(&fenetre))
 {
     fenetre.setCentralWidget(CreerCentre(modele));
@@ -94,7 +93,7 @@ QWidget* PanneauxRecherche::CreerOnglets()
     return cadre;
 }
 
-QLineEdit* PanneauxRecherche::CreerSaisie(int onglet)
+QWidget* PanneauxRecherche::CreerSaisie(int onglet)
 {
     auto* boite = new QLineEdit;
     boite->setObjectName(QString("Saisie%1").arg(onglet));
@@ -106,7 +105,22 @@ QLineEdit* PanneauxRecherche::CreerSaisie(int onglet)
     completion->setMaxVisibleItems(12);
     boite->setCompleter(completion);
     saisie[onglet] = boite;
-    return boite;
+
+    auto* fleche = new QToolButton;
+    fleche->setObjectName(QString("Anciens%1").arg(onglet));
+    fleche->setArrowType(Qt::DownArrow);
+    fleche->setToolTip(" Mots déjà recherchés ");
+    fleche->setAccessibleName("Mots déjà recherchés");
+    fleche->setFocusPolicy(Qt::NoFocus);  // the key for down does the same in the box
+    anciens[onglet] = fleche;
+    auto* cadre = new QWidget;
+    auto* rangee = new QHBoxLayout(cadre);
+    rangee->setContentsMargins(0, 0, 0, 0);
+    rangee->setSpacing(2);
+    rangee->addWidget(boite, 1);
+    rangee->addWidget(fleche);
+    fleche->setFixedHeight(boite->sizeHint().height());
+    return cadre;
 }
 
 QComboBox* PanneauxRecherche::CreerChoix(const char* nom, const QString& libelle)
@@ -152,9 +166,9 @@ QWidget* PanneauxRecherche::CreerPage(int onglet)
     auto* grille = new QGridLayout(page);
     grille->setContentsMargins(0, 0, 0, 0);
     grille->setColumnStretch(1, 1);
-    QLineEdit* boite = CreerSaisie(onglet);
-    grille->addWidget(CreerLibelle("&Mot :", boite), 0, 0);
-    grille->addWidget(boite, 0, 1);
+    QWidget* mot = CreerSaisie(onglet);
+    grille->addWidget(CreerLibelle("&Mot :", saisie[onglet]), 0, 0);
+    grille->addWidget(mot, 0, 1);
     if (onglet == RechercheIdentifiant) {
         lIdent = CreerChoix("LIdent", "Identifiant du média");
         grille->addWidget(CreerLibelle("Identi&fiant :", lIdent), 1, 0);
@@ -207,6 +221,10 @@ QWidget* PanneauxRecherche::CreerOptions()
     rangee->addWidget(CreerOption(OptionDescriptions, " Rechercher dans les &descriptions "));
     rangee->addStretch(1);
     colonne->addLayout(rangee);
+    sansType = new QCheckBox(" Inclure les fichiers &sans type et le contenu des archives ");
+    sansType->setObjectName("SansType");
+    sansType->setAccessibleName(sansType->text().remove('&').trimmed());
+    colonne->addWidget(sansType);
     return cadre;
 }
 
@@ -218,6 +236,8 @@ void PanneauxRecherche::CreerCalendrier(QMainWindow& fenetre)
     calendrier = new QCalendarWidget;
     calendrier->setObjectName("Calendrier");
     calendrier->setAccessibleName("Calendrier");
+    calendrier->setLocale(QLocale(QLocale::French, QLocale::France));
+    calendrier->setFirstDayOfWeek(Qt::Monday);
     calendrier->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     auto* mise = new QVBoxLayout(cadreCalendrier);
     mise->setContentsMargins(1, 1, 1, 1);
@@ -225,7 +245,7 @@ void PanneauxRecherche::CreerCalendrier(QMainWindow& fenetre)
     cadreCalendrier->hide();
 }
 
-void PanneauxRecherche::CreerListe(ModeleListe& modele)
+void PanneauxRecherche::CreerListe(QAbstractItemModel& modele)
 {
     lvListView = new QTreeView;
     lvListView->setObjectName("lvListView");
@@ -241,9 +261,12 @@ void PanneauxRecherche::CreerListe(ModeleListe& modele)
 
     QHeaderView* entete = lvListView->header();
     PreparerColonnes(*entete);
+    entete->resizeSection(ColMedia, entete->fontMetrics().averageCharWidth() * 18);
+    entete->resizeSection(ColDossier, entete->fontMetrics().averageCharWidth() * 40);
+    entete->setContextMenuPolicy(Qt::CustomContextMenu);
 }
 
-QWidget* PanneauxRecherche::CreerCentre(ModeleListe& modele)
+QWidget* PanneauxRecherche::CreerCentre(QAbstractItemModel& modele)
 {
     ok = new QPushButton;
     ok->setObjectName("OK0");
@@ -299,8 +322,27 @@ void PanneauxRecherche::CreerStatut(QMainWindow& fenetre)
     barre->setRange(0, 0);  // nobody knows how many rows will come without searching twice
     barre->setTextVisible(false);
     barre->setMaximumWidth(220);
-    fenetre.statusBar()->addWidget(commentaire, 1);
+    explication = new Etiquette;
+    explication->setObjectName("Explication");
+    fenetre.statusBar()->addWidget(commentaire);
+    fenetre.statusBar()->addWidget(explication, 1);
     fenetre.statusBar()->addPermanentWidget(barre);
+}
+
+void PanneauxRecherche::Expliquer(const QString& texte)
+{
+    explication->setText(texte);
+    explication->setToolTip(EnBulle(texte));
+}
+
+QList<QWidget*> PanneauxRecherche::Choix() const
+{
+    QList<QWidget*> choix = {sansType, lExt, lIdent, lLables};
+    for (QToolButton* bouton : btn)
+        choix.append(bouton);
+    for (QCheckBox* option : rec)
+        choix.append(option);
+    return choix;
 }
 
 // Black is the palette's own text colour, which a dark theme makes light.

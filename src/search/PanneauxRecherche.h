@@ -1,11 +1,12 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
 #include "search/ChoixRecherche.h"
 
 class Infobulle;
-class ModeleListe;
+class QAbstractItemModel;
 class QCalendarWidget;
 class QCheckBox;
 class QComboBox;
@@ -27,7 +28,13 @@ class QWidget;
 struct PanneauxRecherche {
     static constexpr int NombreOnglets = 3;
 
-    PanneauxRecherche(QMainWindow& fenetre, ModeleListe& modele);
+    PanneauxRecherche(QMainWindow& fenetre, QAbstractItemModel& modele);
+
+    // Says in the status line why nothing was found.
+    void Expliquer(const QString& texte);
+
+    // What is chosen from and switched, but for the words.
+    QList<QWidget*> Choix() const;
 
     // The text of the chosen tab and the examples, readable on the palette's ground.
     void Colorer(int onglet);
@@ -36,8 +43,10 @@ struct PanneauxRecherche {
     QToolButton* btn[NombreOnglets];
     QStackedWidget* pages;
     QLineEdit* saisie[NombreOnglets];
+    QToolButton* anciens[NombreOnglets];  // show the former words
     QLabel* aide;
     QCheckBox* rec[NombreOptions];
+    QCheckBox* sansType;
     QComboBox* lExt;
     QComboBox* lIdent;
     QComboBox* lLables;
@@ -49,6 +58,7 @@ struct PanneauxRecherche {
     QLabel* titre;
     QTreeView* lvListView;
     QLabel* commentaire;
+    QLabel* explication;
     QProgressBar* barre;
     Infobulle* infobulle;
 
@@ -56,13 +66,13 @@ private:
     QWidget* CreerOnglets();
     QWidget* CreerPages();
     QWidget* CreerPage(int onglet);
-    QLineEdit* CreerSaisie(int onglet);
+    QWidget* CreerSaisie(int onglet);
     QComboBox* CreerChoix(const char* nom, const QString& libelle);
     QWidget* CreerOptions();
     QCheckBox* CreerOption(int option, const char* texte);
     void CreerDates(QLayout& mise);
     void CreerCalendrier(QMainWindow& fenetre);
-    void CreerListe(ModeleListe& modele);
-    QWidget* CreerCentre(ModeleListe& modele);
+    void CreerListe(QAbstractItemModel& modele);
+    QWidget* CreerCentre(QAbstractItemModel& modele);
     void CreerStatut(QMainWindow& fenetre);
 };

@@ -28,15 +28,17 @@ public:
 
     bool Lire(ItemListe& item)
     {
-        const bool repertoire = EstRepertoire(lignes_.Texte(champs_.attribut));
-        if (repertoire && filtre_.mode != FiltreAucun)
+        const std::string_view attribut = lignes_.Texte(champs_.attribut);
+        const bool repertoire = EstRepertoire(attribut);
+        const bool sansType = Trim(lignes_.Texte(champs_.type)).empty();
+        const bool dossier = repertoire || (sansType && EstRepertoireOuDansArchive(attribut));
+        if (dossier && filtre_.mode != FiltreAucun)
             return false;
         const std::string_view nom = lignes_.Texte(champs_.nom);
-        if (!repertoire &&
-            (Trim(lignes_.Texte(champs_.type)).empty() || !PasseFiltre(filtre_, nom, lignes_.Texte(champs_.date))))
+        if (!repertoire && ((sansType && !filtre_.sansType) || !PasseFiltre(filtre_, nom, lignes_.Texte(champs_.date))))
             return false;
 
-        item = FaireItem(lignes_, champs_, false, textes_);
+        item = FaireItem(lignes_, champs_, EstCleArchive(lignes_.Texte(contenant_)), textes_);
         cle_ = CleResultatDe(lignes_.Entier(champs_.catalogue), lignes_.Texte(repertoire ? champs_.code : contenant_),
                              lignes_.Entier(champs_.num));
         item.cle = cle_;
@@ -45,8 +47,10 @@ public:
             item.cellules = {};
             item.cellules[ColNom] = texte;
         } else {
-            item.icone = icones_.Chercher(ExtensionFichier(nom));
-            item.cellules[ColType] = lignes_.Texte(champs_.type);
+            // A folder inside an archive looks like one but is reached as what its archive holds.
+            item.icone = dossier ? ImageRepertoireOuvert : icones_.Chercher(ExtensionFichier(nom));
+            if (!sansType)
+                item.cellules[ColType] = lignes_.Texte(champs_.type);
         }
         return true;
     }

@@ -9,9 +9,9 @@
 #include "catalogue/ListeFichiers.h"
 #include "search/Requete.h"
 
-// The rows of the current base that the select finds and the filter lets pass, in the order of the select. Rows without
-// a type are left out, directories too as soon as something is filtered. Empty when it was asked to stop or the engine
-// refuses. `nombre` takes the results so far; how many there will be nobody knows.
+// The rows of the current base that the select finds and the filter lets pass, in the order of the select. Directories,
+// and folders inside archives, are left out as soon as something is filtered. Empty when it was asked to stop or the
+// engine refuses. `nombre` takes the results so far; how many there will be nobody knows.
 ListeFichiers RechercheLabel(const std::string& requete, const FiltreRecherche& filtre, IconesExtensions& icones,
                              const std::stop_token& arret, std::atomic<int32_t>& nombre);
 

@@ -17,7 +17,8 @@ std::string ParNom(const std::string& mot, const char* ou)
 
 }  // namespace
 
-// The blanks of these texts are as they are; so is the choice of a media, which a search in descriptions alone ignores.
+// The blanks of these texts are as they are. Which switches and media count: kept, particularité 60; the word with "'":
+// kept, particularité 61.
 std::string CorpsRecherche(const DemandeRecherche& demande)
 {
     constexpr const char* ou = "' or  Alias like '";
@@ -42,6 +43,19 @@ std::string TexteRecherche(const DemandeRecherche& demande)
     const char* debut =
         demande.onglet == RechercheAvancee ? "select * from Liste where  " : "select * from Liste where ";
     return debut + CorpsRecherche(demande) + " order by Nom asc";
+}
+
+std::string ExpliquerRien(const DemandeRecherche& demande, const FiltreRecherche& filtre)
+{
+    if (demande.mot.empty())
+        return "Aucun mot à rechercher : saisir * pour tout trouver";
+    if (demande.mot.find('\'') != std::string::npos)
+        return "Un mot qui contient une apostrophe (') ne trouve rien : saisir ? à sa place";
+    if ((filtre.mode & FiltreDates) && filtre.debut > filtre.fin)
+        return "La date de début est après la date de fin";
+    if (demande.mot.find_first_of("*?") == std::string::npos)
+        return "Sans *, seul le texte entier compte : saisir *" + demande.mot + "* pour ce qui contient le mot";
+    return {};
 }
 
 int ChoisirMode(int onglet, bool parExtension, bool parDates)

@@ -26,7 +26,11 @@ struct FiltreRecherche {
     int mode = FiltreAucun;
     std::string extension;   // as chosen in the list
     std::string debut, fin;  // "yyyymmdd", both included
+    bool sansType = true;    // files without a type and what lies in archives count too
 };
+
+// Why a search may have found nothing, for its user; empty when there is no more to say.
+std::string ExpliquerRien(const DemandeRecherche& demande, const FiltreRecherche& filtre = {});
 
 // The mode on a tab; only the advanced one filters.
 int ChoisirMode(int onglet, bool parExtension, bool parDates);

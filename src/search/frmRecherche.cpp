@@ -19,6 +19,7 @@
 #include <QStackedWidget>
 #include <QStringListModel>
 #include <QToolButton>
+#include <QToolTip>
 #include <QTreeView>
 
 #include "catalogue/Cles.h"
@@ -43,12 +44,31 @@ std::string CleColonne(int colonne)
     return std::string(DebutCleLargeurRec) + std::to_string(colonne + 1);
 }
 
+// The former words that hold a text, below their box.
+void MontrerAnciens(QLineEdit& boite, const QString& partie)
+{
+    boite.setFocus();
+    boite.completer()->setCompletionPrefix(partie);
+    boite.completer()->complete();
+}
+
 void Remplir(QComboBox& choix, const EtatRecherche::Liste& liste)
 {
     choix.clear();
     for (const std::string& texte : liste.textes)
         choix.addItem(EnQString(texte));
     choix.setCurrentIndex(liste.rang);
+}
+
+ListeFichiers::Ordre Trier(const ListeFichiers& liste, const LieuxResultats& lieux, const TriListe& tri,
+                           const std::stop_token& arret)
+{
+    if (tri.colonne < ColMedia)
+        return liste.Trier(tri.colonne, tri.decroissant, arret);
+    if (lieux.places.empty())
+        return {};
+    return liste.Trier(ColNom, tri.decroissant, arret,
+                       [&](int32_t indice, std::string_view) { return TexteLieu(lieux[indice], tri.colonne); });
 }
 
 }  // namespace
@@ -58,7 +78,7 @@ frmRecherche::frmRecherche(Dialogues& dialogues, Travail& travail, QWidget* pare
       dialogues_(dialogues),
       travail_(travail),
       images_(icones_),
-      modeleListe_(new ModeleListe(liste_, images_, this)),
+      modeleListe_(new ModeleResultats(liste_, images_, this)),
       panneaux_(*this, *modeleListe_)
 {
     setWindowTitle("Velourne - Recherche");
@@ -107,7 +127,12 @@ void frmRecherche::RelierCriteres()
         connect(panneaux_.saisie[i], &QLineEdit::textChanged, this, &frmRecherche::Saisir);
         // When the list of completions has closed.
         connect(panneaux_.saisie[i], &QLineEdit::returnPressed, this, &frmRecherche::Rechercher, Qt::QueuedConnection);
+        connect(panneaux_.anciens[i], &QToolButton::clicked, this,
+                [this, i] { MontrerAnciens(*panneaux_.saisie[i], {}); });
     }
+    connect(panneaux_.sansType, &QCheckBox::clicked, this, [this](bool inclus) { etat_.ChangerSansType(inclus); });
+    for (QWidget* critere : panneaux_.Choix())
+        critere->installEventFilter(this);
     for (int option = 0; option < NombreOptions; ++option)
         connect(panneaux_.rec[option], &QCheckBox::clicked, this,
                 [this, option](bool active) { ChangerOption(option, active); });
@@ -139,6 +164,9 @@ void frmRecherche::RelierListe()
             itemAMontrer_.start();
     });
     connect(liste->header(), &QHeaderView::sectionClicked, this, &frmRecherche::TrierColonne);
+    connect(liste->header(), &QWidget::customContextMenuRequested, this, &frmRecherche::MenuColonnes);
+    connect(liste->header(), &QHeaderView::sectionResized, this,
+            [this] { largeursChoisies_ = largeursChoisies_ || !enAjustement_; });
 }
 
 void frmRecherche::Ouvrir()
@@ -170,6 +198,8 @@ void frmRecherche::ChargerHistorique()
         mots.append(EnQString(saisie));
     if (mots != panneaux_.historique->stringList())
         panneaux_.historique->setStringList(mots);
+    for (QToolButton* fleche : panneaux_.anciens)
+        fleche->setEnabled(!mots.isEmpty());
 }
 
 void frmRecherche::MontrerEtat()
@@ -177,11 +207,15 @@ void frmRecherche::MontrerEtat()
     for (int option = 0; option < NombreOptions; ++option)
         panneaux_.rec[option]->setChecked(etat_.Option(option));
     panneaux_.lExt->setEnabled(etat_.Option(OptionExtensions));
+    panneaux_.sansType->setChecked(etat_.SansType());
     MontrerDates();
 
     QHeaderView* entete = panneaux_.lvListView->header();
-    for (int i = 0; i < NombreColonnes; ++i)
+    for (int i = 0; i < NombreColonnesRecherche; ++i)
         entete->resizeSection(i, LirePixels(SectionLvListView, CleColonne(i), entete->sectionSize(i)));
+    largeursChoisies_ = !GetSetting(SectionLvListView, CleColonne(ColNom), "").empty() &&
+                        GetSetting(SectionLvListView, CleRecLargeurs, "1") != "0";
+    MontrerColonnes();
     const auto& tri = etat_.Tri();
     entete->setSortIndicator(tri ? tri->colonne : -1,
                              tri && tri->decroissant ? Qt::DescendingOrder : Qt::AscendingOrder);
@@ -191,8 +225,10 @@ void frmRecherche::MontrerEtat()
 void frmRecherche::Memoriser()
 {
     EnregistrerPlacePrincipale(*this);
-    for (int i = 0; i < NombreColonnes; ++i)
-        EcrirePixels(SectionLvListView, CleColonne(i), panneaux_.lvListView->header()->sectionSize(i));
+    for (int i = 0; i < NombreColonnesRecherche; ++i)
+        if (!panneaux_.lvListView->isColumnHidden(i))
+            EcrirePixels(SectionLvListView, CleColonne(i), panneaux_.lvListView->header()->sectionSize(i));
+    SaveSetting(SectionLvListView, CleRecLargeurs, largeursChoisies_ ? "1" : "0");
     SaveSetting(SectionSettings, CleRecViewMode, VueRapport);
 }
 
@@ -291,8 +327,10 @@ void frmRecherche::PresserOK()
 void frmRecherche::Annuler()
 {
     travail_.Arreter(Place::Recherche);
-    panneaux_.ok->setToolTip(BulleAnnuler);
-    Recevoir({});
+    nombre_.reset();
+    ViderResultats();
+    Occuper(false);
+    panneaux_.commentaire->setText(EnQString(Str(0)) + " Objets");
 }
 
 void frmRecherche::Rechercher()
@@ -309,25 +347,34 @@ void frmRecherche::Rechercher()
 
     nombre_ = std::make_shared<std::atomic<int32_t>>(0);
     const auto trouves = std::make_shared<ListeFichiers>();
+    const auto lieux = std::make_shared<LieuxResultats>();
     const DemandeRecherche demande = etat_.Demande();
+    const FiltreRecherche filtre = etat_.Filtre();
     travail_.Demander(
         Place::Recherche,
-        [this, trouves, demande, filtre = etat_.Filtre(), tri = etat_.Tri(),
+        [this, trouves, lieux, demande, filtre, tri = etat_.Tri(), voulus = etat_.LieuxVoulus(),
          nombre = nombre_](const std::stop_token& arret) {
             *trouves = RechercheLabel(demande, filtre, icones_, arret, *nombre);
+            if (voulus)
+                *lieux = LireLieux(*trouves, arret);
             if (tri)
-                trouves->Ordonner(trouves->Trier(tri->colonne, tri->decroissant, arret));
+                trouves->Ordonner(Trier(*trouves, *lieux, *tri, arret));
         },
-        [this, trouves] { Recevoir(std::move(*trouves)); });
+        [this, trouves, lieux, demande, filtre] {
+            Recevoir(std::move(*trouves), std::move(*lieux));
+            if (liste_.Nombre() == 0)
+                panneaux_.Expliquer(EnQString(ExpliquerRien(demande, filtre)));
+        });
     NoterSaisie(demande.mot);
     ChargerHistorique();
 }
 
-void frmRecherche::Recevoir(ListeFichiers trouves)
+void frmRecherche::Recevoir(ListeFichiers trouves, LieuxResultats lieux)
 {
     nombre_.reset();
     modeleListe_->Cacher();
     liste_ = std::move(trouves);
+    modeleListe_->PoserLieux(std::move(lieux));
     modeleListe_->Annoncer();
     Occuper(false);
     panneaux_.commentaire->setText(EnQString(Str(liste_.Nombre())) + " Objets");
@@ -351,9 +398,14 @@ void frmRecherche::ViderResultats()
     panneaux_.titre->clear();
     panneaux_.titre->setToolTip({});
     panneaux_.commentaire->clear();
+    panneaux_.Expliquer({});
     modeleListe_->Cacher();
-    liste_ = {};
-    modeleListe_->Annoncer();
+    // A piece that sorts them may run yet.
+    travail_.Executer(Place::TriResultats, [this] {
+        liste_ = {};
+        modeleListe_->PoserLieux({});
+        modeleListe_->Annoncer();
+    });
 }
 
 void frmRecherche::TrierColonne(int colonne)
@@ -362,17 +414,71 @@ void frmRecherche::TrierColonne(int colonne)
     const TriListe tri = *etat_.Tri();
     panneaux_.lvListView->header()->setSortIndicator(colonne,
                                                      tri.decroissant ? Qt::DescendingOrder : Qt::AscendingOrder);
+    Ordonner();
+}
+
+// Reads where the results lie, once that is wanted, and brings them into their order.
+void frmRecherche::Ordonner()
+{
     panneaux_.infobulle->Cacher();
+    const auto lieux = std::make_shared<LieuxResultats>();
     const auto ordre = std::make_shared<ListeFichiers::Ordre>();
     travail_.Demander(
         Place::TriResultats,
-        [this, ordre, tri](const std::stop_token& arret) {
-            *ordre = liste_.Trier(tri.colonne, tri.decroissant, arret);
+        [this, lieux, ordre, tri = etat_.Tri(), voulus = etat_.LieuxVoulus()](const std::stop_token& arret) {
+            *lieux = voulus && !modeleListe_->LieuxConnus() ? LireLieux(liste_, arret) : modeleListe_->Lieux();
+            if (tri)
+                *ordre = Trier(liste_, *lieux, *tri, arret);
         },
-        [this, ordre] {
+        [this, lieux, ordre] {
+            modeleListe_->PoserLieux(std::move(*lieux));
             modeleListe_->Ordonner(std::move(*ordre));
             panneaux_.lvListView->scrollTo(panneaux_.lvListView->currentIndex());
         });
+}
+
+void frmRecherche::MontrerColonnes()
+{
+    enAjustement_ = true;
+    for (int colonne = ColMedia; colonne < NombreColonnesRecherche; ++colonne)
+        panneaux_.lvListView->setColumnHidden(colonne, !etat_.ColonneMontree(colonne));
+    enAjustement_ = false;
+    AjusterLargeurs();
+}
+
+void frmRecherche::MenuColonnes(const QPoint& place)
+{
+    panneaux_.infobulle->Cacher();
+    QMenu menu(this);
+    menu.setObjectName("MenuColonnes");
+    for (int colonne = ColMedia; colonne < NombreColonnesRecherche; ++colonne) {
+        QAction* action = menu.addAction(modeleListe_->headerData(colonne, Qt::Horizontal, Qt::DisplayRole).toString());
+        action->setCheckable(true);
+        action->setChecked(etat_.ColonneMontree(colonne));
+        connect(action, &QAction::toggled, this, [this, colonne](bool montree) {
+            etat_.MontrerColonne(colonne, montree);
+            MontrerColonnes();
+            Ordonner();
+        });
+    }
+    menu.exec(panneaux_.lvListView->header()->mapToGlobal(place));
+}
+
+// Until the user has set widths, names and folders share what the other columns leave.
+void frmRecherche::AjusterLargeurs()
+{
+    if (largeursChoisies_)
+        return;
+    QHeaderView* entete = panneaux_.lvListView->header();
+    const bool dossiers = !entete->isSectionHidden(ColDossier);
+    const int larges = entete->sectionSize(ColNom) + entete->sectionSize(ColDossier);  // 0 for a hidden one
+    const int reste = panneaux_.lvListView->viewport()->width() - entete->length() + larges;
+    const int largeur = std::max(dossiers ? reste / 2 : reste, entete->fontMetrics().averageCharWidth() * 24);
+    enAjustement_ = true;
+    entete->resizeSection(ColNom, largeur);
+    if (dossiers)
+        entete->resizeSection(ColDossier, largeur);
+    enAjustement_ = false;
 }
 
 void frmRecherche::lvListView_Click()
@@ -384,7 +490,7 @@ void frmRecherche::lvListView_Click()
             return;
         const ItemListe item = liste_[index.row()];
         panneaux_.titre->setText(" " + EnQString(Generer_Arborescence_Lite(item.cle)));
-        panneaux_.titre->setToolTip(panneaux_.titre->text());
+        panneaux_.titre->setToolTip(EnBulle(panneaux_.titre->text()));
         if (GetSettingNombre(SectionSettings, CleOptionsDivers[3], 1) == 1)
             MontrerDescription(item, index);
         else
@@ -487,21 +593,43 @@ bool frmRecherche::eventFilter(QObject* objet, QEvent* evenement)
         const QPointF souris = static_cast<QMouseEvent*>(evenement)->position();
         panneaux_.infobulle->Suivre(panneaux_.lvListView->viewport()->mapTo(this, souris.toPoint()));
     }
-    // One tip at a time.
-    return (type == QEvent::ToolTip && panneaux_.infobulle->isVisible()) || QMainWindow::eventFilter(objet, evenement);
+    if (type == QEvent::Resize && objet == panneaux_.lvListView->viewport())
+        AjusterLargeurs();
+    if (type == QEvent::ToolTip && objet == panneaux_.lvListView->viewport() &&
+        MontrerLieu(static_cast<QHelpEvent*>(evenement)->pos()))
+        return true;
+    return QMainWindow::eventFilter(objet, evenement);
+}
+
+// A row's tip: its name and the way to it. True when there is nothing else to be shown.
+bool frmRecherche::MontrerLieu(const QPoint& place)
+{
+    if (panneaux_.infobulle->isVisible())
+        return true;  // one tip at a time
+    const QModelIndex index = panneaux_.lvListView->indexAt(place);
+    if (!index.isValid() || travail_.EnCours())
+        return false;
+    travail_.Executer(Place::Description, [this, index, place] {
+        const ItemListe item = liste_[index.row()];
+        const QWidget* surface = panneaux_.lvListView->viewport();
+        QStringList lignes = {EnQString(item.cellules[ColNom]), EnQString(Generer_Arborescence_Lite(item.cle))};
+        for (QString& ligne : lignes)
+            ligne = fontMetrics().elidedText(ligne, Qt::ElideMiddle, surface->width());
+        QToolTip::showText(surface->mapToGlobal(place), EnBulle(lignes.join('\n')), panneaux_.lvListView->viewport());
+    });
+    return true;
 }
 
 // True for a key that is used up.
 bool frmRecherche::Touche(QObject* objet, int touche)
 {
-    if (objet == panneaux_.lvListView && (touche == Qt::Key_Return || touche == Qt::Key_Enter)) {
-        lvListView_DblClick();
+    auto* boite = qobject_cast<QLineEdit*>(objet);
+    if (!boite && (touche == Qt::Key_Return || touche == Qt::Key_Enter)) {
+        objet == panneaux_.lvListView ? lvListView_DblClick() : Rechercher();
         return true;
     }
-    auto* boite = qobject_cast<QLineEdit*>(objet);
     if (!boite || touche != Qt::Key_Down)
         return false;
-    boite->completer()->setCompletionPrefix(boite->text());
-    boite->completer()->complete();
+    MontrerAnciens(*boite, boite->text());
     return true;
 }

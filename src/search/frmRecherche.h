@@ -8,11 +8,11 @@
 #include <QTimer>
 
 #include "browser/ImagesCatalogue.h"
-#include "browser/ModeleListe.h"
 #include "catalogue/ListeFichiers.h"
 #include "commun/Dialogues.h"
 #include "commun/Travail.h"
 #include "search/EtatRecherche.h"
+#include "search/ModeleResultats.h"
 #include "search/PanneauxRecherche.h"
 
 // The search over the current base: a word, where to look for it, and the results, each of which leads back into the
@@ -66,11 +66,16 @@ private:
     void PresserOK();
     void Annuler();
     void Rechercher();
-    void Recevoir(ListeFichiers trouves);
+    void Recevoir(ListeFichiers trouves, LieuxResultats lieux);
     void Occuper(bool occupe);
     void ViderResultats();
     void TrierColonne(int colonne);
+    void Ordonner();
+    void MontrerColonnes();
+    void MenuColonnes(const QPoint& place);
+    void AjusterLargeurs();
     bool Touche(QObject* objet, int touche);
+    bool MontrerLieu(const QPoint& place);
     void Echapper();
     void MontrerDescription(const ItemListe& item, const QModelIndex& index);
     void MenuAtteindre(const QPoint& place);
@@ -80,12 +85,14 @@ private:
     ListeFichiers liste_;
     IconesExtensions icones_;
     ImagesCatalogue images_;
-    ModeleListe* modeleListe_;
+    ModeleResultats* modeleListe_;
     PanneauxRecherche panneaux_;
     EtatRecherche etat_;
     std::string baseLue_;  // whose rows the results are
 
     std::shared_ptr<std::atomic<int32_t>> nombre_;  // of results so far
     int dateChoisie_ = 0;                           // the one that the calendar is open for
+    bool largeursChoisies_ = false;                 // the user has set widths of columns
+    bool enAjustement_ = false;
     QTimer itemAMontrer_, suivi_;
 };

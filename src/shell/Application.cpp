@@ -8,6 +8,7 @@
 #include <QLocale>
 
 #include "commun/Consultation.h"
+#include "fenetres/StyleVisible.h"
 
 namespace {
 
@@ -23,6 +24,7 @@ Application::Application(int& argc, char** argv) : QApplication(Preparer(argc), 
 {
     Q_INIT_RESOURCE(velourne);
     setlocale(LC_NUMERIC, "C");
+    setStyle(new StyleVisible);
     setApplicationName("velourne");
     setDesktopFileName("velourne");
     setWindowIcon(QIcon(":/images/velourne.svg"));

@@ -167,12 +167,13 @@ void Fenetres::OuvrirImpression()
 
 void Fenetres::Atteindre(const ItemListe& resultat)
 {
-    const CleResultat cle = AnalyserCleResultat(resultat.cle);
-    frmView::Cible cible;
-    cible.cleNoeud = cle.noeud;
-    cible.cleItem = resultat.EstRepertoire() ? std::string() : cle.item;
     // The result itself may be gone by the time that the tree is loaded.
-    cible.preparer = [cle = std::string(resultat.cle)](ArbreCatalogue& arbre) { Generer_Arborescence(arbre, cle); };
+    const std::string cle(resultat.cle);
+    frmView::Cible cible;
+    cible.cleNoeud = AnalyserCleResultat(cle).noeud;
+    cible.preparer = [cle](ArbreCatalogue& arbre) { Generer_Arborescence(arbre, cle); };
+    if (!resultat.EstRepertoire())
+        cible.item = [cle] { return CleItemResultat(cle); };
     cible.fini = [this](bool trouve) {
         recherche_->ResultatAtteint(trouve);
         if (trouve)

@@ -45,6 +45,7 @@ inline constexpr std::string_view DebutCleOptFormat = "OptFormat";  // + Str(n)
 inline constexpr std::string_view CleOptFormatI = "OptFormatI";
 inline constexpr std::string_view DebutCleRec = "Rec";    // + Str(n)
 inline constexpr std::string_view DebutCleDate = "Date";  // + Str(n)
+inline constexpr std::string_view CleRecSansType = "RecSansType";
 inline constexpr std::string_view CleCptSaisie = "CptSaisie";
 inline constexpr std::string_view DebutCleSaisie = "Saisie";  // + Str(n)
 inline constexpr std::array<std::string_view, 4> CleOptionsDivers = {"OptionsDivers 0", "OptionsDivers 1",
@@ -66,5 +67,7 @@ inline constexpr std::string_view CleOnglet = "Onglet";
 // Sections "LvListView" and "RecLvListView".
 inline constexpr std::string_view DebutCleLargeur = "L";        // + column number, from 1
 inline constexpr std::string_view DebutCleLargeurRec = "RecL";  // + column number, from 1
+inline constexpr std::string_view CleRecLargeurs = "RecLargeurs";  // 1: the user has set them
+inline constexpr std::array<std::string_view, 2> CleRecColonnes = {"RecMedia", "RecDossier"};  // 1: shown
 inline constexpr std::string_view CleSortKey = "SortKey";
 inline constexpr std::string_view CleSortOrder = "SortOrder";

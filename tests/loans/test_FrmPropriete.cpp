@@ -45,14 +45,6 @@ protected:
     {
         return Un("select NPret from Catalogue where Num = " + std::to_string(media));
     }
-    template <typename Classe>
-    static Classe* Fenetre()
-    {
-        for (QWidget* fenetre : QApplication::topLevelWidgets())
-            if (auto* trouvee = qobject_cast<Classe*>(fenetre))
-                return trouvee;
-        return nullptr;
-    }
     void Calme() { Calmer(fenetres_.Ouvrage()); }
 
     void Ouvrir(const std::string& cle = CleMedia(1), bool fichier = false)

@@ -28,6 +28,32 @@ inline void Calmer(Travail& travail)
     } while (travail.EnCours());
 }
 
+// The first window of a class that there is, shown or not.
+template <typename Classe>
+Classe* Fenetre()
+{
+    for (QWidget* fenetre : QApplication::topLevelWidgets())
+        if (auto* trouvee = qobject_cast<Classe*>(fenetre))
+            return trouvee;
+    return nullptr;
+}
+
+// The letters that work with Alt in a window, of what is seen.
+inline QStringList TouchesDirectes(const QWidget& fenetre)
+{
+    QStringList touches;
+    const auto noter = [&](const QWidget& widget, const QString& texte) {
+        if (const QString touche = QKeySequence::mnemonic(texte).toString(); widget.isVisible() && !touche.isEmpty())
+            touches.append(touche);
+    };
+    for (const auto* bouton : fenetre.findChildren<QAbstractButton*>())
+        noter(*bouton, bouton->text());
+    for (const auto* libelle : fenetre.findChildren<QLabel*>())
+        if (libelle->buddy())
+            noter(*libelle, libelle->text());
+    return touches;
+}
+
 // A child by its name and class; the test ends here when there is none.
 template <typename Classe>
 Classe* Enfant(const QWidget& fenetre, const char* nom)

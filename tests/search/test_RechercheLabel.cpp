@@ -204,13 +204,29 @@ TEST_F(Recherche, Filtres)
                       Fichier("jpg", "20030601"),
                       Fichier("e.jpg.", "20030601"),
                       {"000000001", "0", "sans type.jpg", "a", " ", " ", "20030601"},
+                      {"A 4 1", "0", "membre.jpg", " ", " ", " ", "19990101"},
+                      {"A 4 1", "A 4 2", "plis.jpg", "Z"},
                       {"000000001", "000000002", "dossier.jpg", "D", " ", " ", "20030601"}});
     const std::string tout = "*";
-    EXPECT_EQ(Trouver(tout), (Noms{"a.JPG", "b.jpg", "c.jpg", "d.tar.gz", "jpg", "e.jpg.", "dossier.jpg"}));
+    const Noms types = {"a.JPG", "b.jpg", "c.jpg", "d.tar.gz", "jpg", "e.jpg.", "dossier.jpg"};
+    Noms tous = types;
+    tous.insert({"sans type.jpg", "membre.jpg", "plis.jpg"});
     const struct {
         FiltreRecherche filtre;
         Noms trouves;
+    } avec[] = {
+        {{FiltreAucun, "", "", ""}, tous},
+        {{FiltreExtension, "JPG", "", ""}, {"a.JPG", "b.jpg", "c.jpg", "sans type.jpg", "membre.jpg"}},
+        {{FiltreDates, "", "19990101", "20030101"}, {"a.JPG", "membre.jpg"}},
+        {{FiltreExtensionEtDates, "jpg", "20030601", "20030601"}, {"b.jpg", "sans type.jpg"}},
+    };
+    for (const auto& [filtre, trouves] : avec)
+        EXPECT_EQ(Trouver(tout, filtre), trouves) << filtre.mode;
+    struct {
+        FiltreRecherche filtre;
+        Noms trouves;
     } cas[] = {
+        {{FiltreAucun, "", "", ""}, types},
         {{FiltreExtension, " jpg ", "", ""}, {"a.JPG", "b.jpg", "c.jpg"}},
         {{FiltreExtension, "gz", "", ""}, {"d.tar.gz"}},
         {{FiltreDates, "", "20030101", "20030601"}, {"a.JPG", "b.jpg", "d.tar.gz", "jpg", "e.jpg."}},
@@ -218,8 +234,10 @@ TEST_F(Recherche, Filtres)
         {{FiltreDates, "", "20031231", "20030101"}, {}},
         {{FiltreExtensionEtDates, "jpg", "20030601", "20031231"}, {"b.jpg", "c.jpg"}},
     };
-    for (const auto& [filtre, trouves] : cas)
+    for (auto& [filtre, trouves] : cas) {
+        filtre.sansType = false;
         EXPECT_EQ(Trouver(tout, filtre), trouves) << filtre.mode << filtre.extension << filtre.debut;
+    }
     EXPECT_EQ(ChoisirMode(RechercheAvancee, true, true), FiltreExtensionEtDates);
     EXPECT_EQ(ChoisirMode(RechercheIdentifiant, true, true), FiltreAucun);
 }
@@ -231,9 +249,12 @@ TEST_F(Recherche, ClesEtCellules)
     AjouterLignes(1, {{"000000001", "000000002", "p dossier", "D", " ", " ", "20030615", "1:00:00", "p renommé"},
                       fichier,
                       {"A 2 1", "0", "p membre", " ", "5 b", "Fichier", "15/6/03"},
-                      {"A 2 1", "A 2 2", "p plis", "Z", " ", "Pli"}});
+                      {"A 2 1", "A 2 2", "p plis", "Z", " ", "Pli"},
+                      {"A 2 2", "0", "pq membre", " ", "6 b"},
+                      {"A 2 2", "A 2 3", "pq plis", "Z"},
+                      {"000000001", "0", "pq sans", "a", "7 b", ""}});
     Trouver("p*");
-    ASSERT_EQ(liste_.Nombre(), 4);
+    ASSERT_EQ(liste_.Nombre(), 7);
     const auto cellules = [this](int32_t rang) {
         std::string texte(liste_[rang].cle);
         for (const std::string_view cellule : liste_[rang].cellules)
@@ -244,14 +265,18 @@ TEST_F(Recherche, ClesEtCellules)
     EXPECT_EQ(cellules(1), " 1-A 2 1# 3|p membre|5 b|Fichier|| | |");
     EXPECT_EQ(cellules(2), " 1-A 2 1# 4|p plis| |Pli|| |D|");
     EXPECT_EQ(cellules(3), " 1-000000002# 2|photo.jpg|10 b|Image|15/06/2003|14:05:33|a| oui");
-    EXPECT_TRUE(liste_[0].EstRepertoire());
-    EXPECT_FALSE(liste_[2].EstRepertoire()) << "a folder of an archive opens nothing";
+    EXPECT_EQ(cellules(4), " 1-A 2 2# 5|pq membre|6 b|Fichier Compressé|| | |");
+    EXPECT_EQ(cellules(5), " 1-A 2 2# 6|pq plis| |Répertoire|| |D|");
+    EXPECT_EQ(cellules(6), " 1-000000001# 7|pq sans|7 b||| |a|");
+    for (int32_t rang = 0; rang < liste_.Nombre(); ++rang)
+        EXPECT_EQ(liste_[rang].EstRepertoire(), rang == 0) << "a folder of an archive is reached as its member";
 
     const struct {
         const char *cle, *noeud, *item, *catalogue, *ligne;
     } cas[] = {
         {" 1-000000002# 2", " 1-000000002", " 1- 2", "1", "2"},
         {" 12-A 345 12# 346", "A 345 12", " 12- 346", "12", "346"},
+        {" 12-A 345 13# 347", " 12-A 345 13", " 12- 347", "12", "347"},
         {"Root", "", "", "", ""},
         {"#-", "", "", "", ""},
         {"", "", "", "", ""},
@@ -275,27 +300,71 @@ TEST_F(Recherche, ChercheVersLeHaut)
                       {"000000004", "0", "perdu.txt", "a", "1 b", "Texte"},
                       {"000000009", "000000009", "anneau", "D"},
                       {"000000009", "0", "coince.txt", "a", "1 b", "Texte"},
-                      {"A 4 1", "0", "membre.txt", " ", "1 b", "Texte"}});
+                      {"000000003", "0", "ancien.zip", "a", "1 b", "Zip", " ", " ", "nouveau.zip"},
+                      {"A 7 1", "0", "membre.txt", " ", "1 b"},
+                      {"A 7 1", "A 7 2", "plis", "Z"},
+                      {"A 7 2", "A 7 3", "creux", "Z"},
+                      {"A 7 3", "0", "fond.txt", " ", "1 b"},
+                      {"A 77 1", "0", "orphelin.txt", " ", "1 b"}});
+    // Row 7 is of the first media.
+    AjouterMediaTest({"Autre", ""});
+    AjouterLignes(2, {{"A 7 2", "0", "etranger.txt", " ", "1 b"}});
     const struct {
-        const char *mot, *chemin, *noeud;
+        const char *mot, *chemin, *noeud, *item, *dossier;
     } cas[] = {
-        {"perdu.txt", "Média\\a\\b\\c", "c"},
-        {"c", "Média\\a\\b\\c", "c"},
-        {"a", "Média\\a", "a"},
-        {"D:", "Média", "Média"},
-        {"coince.txt", "Média\\anneau", ""},
-        {"membre.txt", "Média", ""},
+        {"perdu.txt", "Média\\a\\b\\c", "c", " 1- 4", "\\a\\b\\c"},
+        {"c", "Média\\a\\b\\c", "c", "", "\\a\\b"},
+        {"a", "Média\\a", "a", "", "\\"},
+        {"D:", "Média", "Média", "", "\\"},
+        {"coince.txt", "Média\\anneau", "", " 1- 6", "\\anneau"},
+        {"membre.txt", "Média\\a\\b\\nouveau.zip", "nouveau.zip", " 1- 8", "\\a\\b\\nouveau.zip"},
+        {"plis", "Média\\a\\b\\nouveau.zip", "nouveau.zip", " 1-A 7 2", "\\a\\b\\nouveau.zip"},
+        {"creux", "Média\\a\\b\\nouveau.zip\\plis", "plis", " 1-A 7 3", "\\a\\b\\nouveau.zip\\plis"},
+        {"fond.txt", "Média\\a\\b\\nouveau.zip\\plis\\creux", "creux", " 1- 11", "\\a\\b\\nouveau.zip\\plis\\creux"},
+        {"orphelin.txt", "Média", "", " 1- 12", "\\"},
+        {"etranger.txt", "Autre", "", " 2- 13", "\\"},
     };
-    for (const auto& [mot, chemin, noeud] : cas) {
+    for (const auto& [mot, chemin, noeud, item, dossier] : cas) {
         ArbreCatalogue arbre;
         const int32_t racine = arbre.Ajouter(ArbreCatalogue::Aucun, "Root", "");
-        arbre.Ajouter(racine, " 1-000000001", "Média");
+        for (const char* media : {"Média", "Autre"})
+            arbre.Ajouter(racine, CleMedia(arbre[racine].enfants + 1), media);
         Trouver(mot);
         ASSERT_EQ(liste_.Nombre(), 1) << mot;
         EXPECT_EQ(Generer_Arborescence_Lite(liste_[0].cle), chemin);
         const int32_t trouve = Generer_Arborescence(arbre, liste_[0].cle);
         EXPECT_EQ(trouve == ArbreCatalogue::Aucun ? "" : arbre[trouve].texte, noeud) << mot;
+        EXPECT_EQ(liste_[0].EstRepertoire() ? "" : CleItemResultat(liste_[0].cle), item) << mot;
     }
+
+    // The same for all at once, whatever the order on the screen.
+    Trouver("*");
+    liste_.Ordonner(liste_.Trier(ColNom, true));
+    const LieuxResultats lieux = LireLieux(liste_);
+    for (const auto& [mot, chemin, noeud, item, dossier] : cas)
+        for (int32_t rang = 0; rang < liste_.Nombre(); ++rang)
+            if (liste_[rang].cellules[ColNom] == mot) {
+                const Lieu& lieu = lieux[liste_.Indice(rang)];
+                EXPECT_EQ(lieu.media, std::string(chemin).substr(0, lieu.media.size())) << mot;
+                EXPECT_EQ(lieu.dossier, dossier) << mot;
+            }
+}
+
+TEST_F(Recherche, DitPourquoiRien)
+{
+    const std::pair<const char*, const char*> cas[] = {
+        {"", "saisir *"}, {"l'eau*", "apostrophe"}, {"eau", "*eau*"}, {"*eau", ""}, {"e?u", ""}};
+    for (const auto& [mot, attendu] : cas) {
+        DemandeRecherche demande;
+        demande.mot = mot;
+        const std::string texte = ExpliquerRien(demande);
+        EXPECT_NE(texte.find(attendu), std::string::npos) << mot;
+        EXPECT_EQ(texte.empty(), *attendu == 0) << mot;
+    }
+    DemandeRecherche tout;
+    tout.mot = "*";
+    EXPECT_EQ(ExpliquerRien(tout, {FiltreDates, "", "20030101", "20030101"}), "");
+    EXPECT_NE(ExpliquerRien(tout, {FiltreDates, "", "20030102", "20030101"}), "");
 }
 
 TEST_F(Recherche, DescriptionParNomOuAlias)

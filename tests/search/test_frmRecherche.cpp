@@ -42,7 +42,13 @@ protected:
                           {"000000003", "000000004", "trois", "D"},
                           Fichier("z.txt", "000000004", "1 b"),
                           Fichier("fond.txt", "000000004", "2 b"),
-                          Fichier("haut.doc", "000000001", "3 b")});
+                          Fichier("haut.doc", "000000001", "3 b"),
+                          Fichier("plein.zip", "000000003", "5 b"),
+                          {"A 8 1", "A 8 2", "plis", "Z"},
+                          {"A 8 2", "A 8 3", "creux", "Z"},
+                          {"A 8 1", "0", "membre.c", " ", "6 b"},
+                          {"A 8 3", "0", "coeur.c", " ", "7 b"},
+                          {"000000003", "0", "nu", "a", "8 b", ""}});
         AjouterMediaTest({"Autre", ""});
         AjouterLignes(2, {{"000000000", "000000001", "E:", "D"}, Fichier("fond.txt", "000000001", "4 b")});
         Ouvrir();
@@ -73,14 +79,6 @@ protected:
     {
         emit vue_->rechercheVoulue();
         Calme();
-    }
-    template <typename Classe>
-    static Classe* Fenetre()
-    {
-        for (QWidget* fenetre : QApplication::topLevelWidgets())
-            if (auto* trouvee = qobject_cast<Classe*>(fenetre))
-                return trouvee;
-        return nullptr;
     }
     QLineEdit* Saisie(int onglet) { return Enfant<QLineEdit>(*fenetre_, ("Saisie" + std::to_string(onglet)).c_str()); }
     QCheckBox* Rec(int option) { return Enfant<QCheckBox>(*fenetre_, ("Rec" + std::to_string(option)).c_str()); }
@@ -158,6 +156,94 @@ TEST_F(FenetreRecherche, OuvreUnFichierAuFondDeDossiersFermes)
     EXPECT_EQ(rapport->currentIndex().siblingAtColumn(ColTaille).data(), "4 b");
 }
 
+TEST_F(FenetreRecherche, OuvreCeQuEstDansUneArchive)
+{
+    const struct {
+        const char *mot, *noeud, *pere;
+        int voisins;
+        bool neuf = false;  // nothing of the tree is known yet
+    } cas[] = {{"coeur.c", "creux", "plis", 1, true},
+               {"creux", "plis", "plein.zip", 1},
+               {"nu", "deux", "un", 3},
+               {"membre.c", "plein.zip", "deux", 2},
+               {"plis", "plein.zip", "deux", 2, true}};
+    for (const auto& [mot, noeud, pere, voisins, neuf] : cas) {
+        if (neuf)
+            Ouvrir();
+        const auto* arbre = Enfant<QTreeView>(*vue_, "tvTreeView");
+        auto* rapport = Enfant<QTreeView>(*vue_, "lvRapport");
+        Chercher(mot);
+        ASSERT_EQ(Nombre(), 1) << mot;
+        DoubleCliquer(0);
+        EXPECT_TRUE(vue_->isVisible());
+        EXPECT_EQ(arbre->currentIndex().data(), noeud) << mot;
+        EXPECT_EQ(arbre->currentIndex().parent().data(), pere) << mot;
+        EXPECT_EQ(rapport->currentIndex().siblingAtColumn(0).data(), mot);
+        EXPECT_EQ(rapport->model()->rowCount(), voisins) << mot;
+        EXPECT_EQ(vue_->focusWidget(), rapport) << mot;
+        Chercher();
+    }
+
+    auto* sansType = Enfant<QCheckBox>(*fenetre_, "SansType");
+    EXPECT_TRUE(sansType->isChecked());
+    sansType->click();
+    Chercher("*c*");
+    EXPECT_EQ(Nombre(), 1) << "haut.doc";
+    Ouvrir();
+    EXPECT_FALSE(Enfant<QCheckBox>(*fenetre_, "SansType")->isChecked());
+}
+
+TEST_F(FenetreRecherche, MontreOuSontLesResultats)
+{
+    const auto cellule = [this](int rang, int colonne) {
+        return resultats_->model()->index(rang, colonne).data().toString().toStdString();
+    };
+    const auto basculer = [this](int rang) {
+        QTimer::singleShot(0, [rang] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            ASSERT_NE(menu, nullptr);
+            menu->actions().at(rang)->trigger();
+            menu->close();
+        });
+        emit resultats_->header()->customContextMenuRequested({});
+        Calme();
+    };
+    Chercher("fond.txt");
+    EXPECT_TRUE(resultats_->isColumnHidden(ColMedia) && resultats_->isColumnHidden(ColDossier));
+    QHelpEvent survol(QEvent::ToolTip, Place(0), resultats_->viewport()->mapToGlobal(Place(0)));
+    QApplication::sendEvent(resultats_->viewport(), &survol);
+    EXPECT_EQ(QToolTip::text(), "fond.txt\nDisque\\un\\deux\\trois");
+    EXPECT_EQ(EnBulle("<b>a</b>"), "<p style=\"white-space:pre\">&lt;b&gt;a&lt;/b&gt;</p>");
+
+    const auto largeur = [this] { return resultats_->header()->length(); };
+    EXPECT_EQ(largeur(), resultats_->viewport()->width()) << "no width is lost";
+    basculer(1);
+    EXPECT_TRUE(resultats_->isColumnHidden(ColMedia));
+    EXPECT_EQ(cellule(0, ColDossier), "\\un\\deux\\trois") << "of results that are there already";
+    basculer(0);
+    EXPECT_EQ(cellule(1, ColMedia), "Autre");
+    fenetre_->resize(1300, 700);
+    Calme();
+    EXPECT_NEAR(largeur(), resultats_->viewport()->width(), 1);
+    CliquerEnTete(ColMedia);
+    EXPECT_EQ(cellule(0, ColMedia), "Disque");
+    CliquerEnTete(ColMedia);
+    EXPECT_EQ(cellule(0, ColMedia), "Autre");
+    EXPECT_EQ(cellule(0, ColDossier), "\\");
+
+    resultats_->header()->resizeSection(ColNom, 150);
+    fenetre_->close();
+    Ouvrir();
+    EXPECT_EQ(resultats_->header()->sectionSize(ColNom), 150);
+    EXPECT_FALSE(resultats_->isColumnHidden(ColMedia) || resultats_->isColumnHidden(ColDossier));
+    Chercher("fond.txt");
+    EXPECT_EQ(cellule(0, ColMedia), "Disque") << "the order before the last click";
+    basculer(0);
+    basculer(1);
+    EXPECT_TRUE(resultats_->isColumnHidden(ColMedia) && resultats_->isColumnHidden(ColDossier));
+    EXPECT_EQ(resultats_->header()->sectionSize(ColNom), 150);
+}
+
 TEST_F(FenetreRecherche, OuvreUnDossierAuClavier)
 {
     Chercher("deux");
@@ -168,7 +254,7 @@ TEST_F(FenetreRecherche, OuvreUnDossierAuClavier)
     auto* arbre = Enfant<QTreeView>(*vue_, "tvTreeView");
     EXPECT_EQ(arbre->currentIndex().data(), "deux");
     EXPECT_EQ(vue_->focusWidget(), arbre);
-    EXPECT_EQ(Enfant<QTreeView>(*vue_, "lvRapport")->model()->rowCount(), 1);
+    EXPECT_EQ(Enfant<QTreeView>(*vue_, "lvRapport")->model()->rowCount(), 3);
 }
 
 TEST_F(FenetreRecherche, SAnnuleATousMoments)
@@ -203,6 +289,12 @@ TEST_F(FenetreRecherche, SAnnuleATousMoments)
     QTest::mouseClick(ok_, Qt::LeftButton);
     Chercher("n");
     EXPECT_EQ(Nombre(), 20000) << "the next one runs to its end";
+    emit resultats_->header()->sectionClicked(ColTaille);  // still sorting when the next one begins
+    lancer("n");
+    QTest::keyClick(fenetre_, Qt::Key_Escape);
+    EXPECT_EQ(Statut(), " 0 Objets");
+    Calme();
+    EXPECT_EQ(Nombre(), 0);
 }
 
 TEST_F(FenetreRecherche, RienNeSeMeleAUneRecherche)
@@ -241,13 +333,23 @@ TEST_F(FenetreRecherche, UnSeulMotDansLesTroisBoites)
     }
     Chercher("fond*");
     Chercher("fond*");
+    const auto* explication = Enfant<QLabel>(*fenetre_, "Explication");
+    EXPECT_TRUE(explication->text().isEmpty());
     Chercher("l'eau");
     EXPECT_EQ(Nombre(), 0);
+    EXPECT_EQ(Statut(), " 0 Objets");
+    EXPECT_TRUE(explication->text().contains("apostrophe"));
     EXPECT_EQ(GetSetting(SectionSettings, "CptSaisie", ""), "2");
     auto* completion = Saisie(1)->completer();
     completion->setCompletionPrefix("ON");
     EXPECT_EQ(completion->completionCount(), 1);
     EXPECT_EQ(completion->currentCompletion(), "fond*");
+    Enfant<QToolButton>(*fenetre_, "Anciens0")->click();
+    EXPECT_TRUE(Saisie(0)->completer()->popup()->isVisible());
+    EXPECT_EQ(Saisie(0)->completer()->completionCount(), 2) << "all of them, whatever the box holds";
+    Saisie(0)->completer()->popup()->hide();
+    Chercher("fond*");
+    EXPECT_TRUE(explication->text().isEmpty());
 }
 
 TEST_F(FenetreRecherche, ChercheDansUnMedia)
@@ -268,13 +370,19 @@ TEST_F(FenetreRecherche, ChercheDansUnMedia)
 
 TEST_F(FenetreRecherche, RefuseUneFinAvantLeDebut)
 {
+    const QLocale avantLocale;
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
     SaveSetting(SectionSettings, "Date 0", "10/06/2003");
+    Ouvrir();
     SaveSetting(SectionSettings, "Date 1", "pas une date");
     EXPECT_FALSE(InfoDate(0)->isEnabled());
     Rec(OptionDates)->click();
     EXPECT_EQ(InfoDate(0)->text(), "10/06/2003");
     EXPECT_EQ(InfoDate(1)->text(), QDate::currentDate().toString("dd/MM/yyyy"));
+    QLocale::setDefault(avantLocale);
     auto* calendrier = Enfant<QCalendarWidget>(*fenetre_, "Calendrier");
+    EXPECT_EQ(calendrier->locale().language(), QLocale::French);
+    EXPECT_EQ(calendrier->firstDayOfWeek(), Qt::Monday);
 
     const struct {
         int date;
@@ -301,17 +409,17 @@ TEST_F(FenetreRecherche, RefuseUneFinAvantLeDebut)
     EXPECT_EQ(dialogues_.dites, std::vector<std::string>{"Veuillez sélectionner une date >= à la date de début !"});
     EXPECT_EQ(GetSetting(SectionSettings, "Date 1", ""), "15/06/2003");
     Chercher("*");
-    EXPECT_EQ(Nombre(), 4) << "the day itself, at both ends, and no directory";
+    EXPECT_EQ(Nombre(), 5) << "the day itself, at both ends, and no directory";
     Rec(OptionDates)->click();
     EXPECT_EQ(InfoDate(0)->text(), "");
     Chercher("*");
-    EXPECT_EQ(Nombre(), 9);
+    EXPECT_EQ(Nombre(), 15);
 }
 
 TEST_F(FenetreRecherche, SeSouvient)
 {
     Chercher("*");
-    EXPECT_EQ(Cellule(0), "D:") << "a fresh store leaves the order of the search";
+    EXPECT_EQ(Cellule(0), "coeur.c") << "a fresh store leaves the order of the search";
     EXPECT_EQ(resultats_->header()->sortIndicatorSection(), -1);
     CliquerEnTete(ColNom);
     EXPECT_EQ(Cellule(0), "z.txt") << "the first click turns the order round";
@@ -344,7 +452,7 @@ TEST_F(FenetreRecherche, SeSouvient)
     EXPECT_FALSE(Rec(OptionDescriptions)->isChecked());
     EXPECT_EQ(resultats_->header()->sectionSize(ColTaille), 123);
     Chercher("*");
-    EXPECT_EQ(Cellule(0), "D:") << "the order before the click";
+    EXPECT_EQ(Cellule(0), "coeur.c") << "the order before the click";
     EXPECT_EQ(resultats_->header()->sortIndicatorSection(), ColNom);
 }
 
@@ -389,9 +497,24 @@ TEST_F(FenetreRecherche, InfobulleSuitEtSEfface)
 
 TEST_F(FenetreRecherche, ToutSAtteintAuClavier)
 {
+    const std::pair<QWidget*, const char*> criteres[] = {{Rec(0), "z.txt"}, {Btn(0), "nu"}};
+    for (const auto& [critere, mot] : criteres) {
+        Saisie(0)->setText(mot);
+        QTest::keyClick(critere, Qt::Key_Return);
+        Calme();
+        EXPECT_EQ(Nombre(), 1) << mot;
+    }
     std::set<QString> atteints;
     Rec(OptionDates)->click();
     Rec(OptionExtensions)->click();
+    EXPECT_LE(fenetre_->minimumSizeHint().width(), 800);
+    EXPECT_LE(fenetre_->minimumSizeHint().height(), 560);
+    for (int onglet : {1, 2, 0}) {
+        Btn(onglet)->click();
+        QStringList touches = TouchesDirectes(*fenetre_);
+        EXPECT_GE(touches.size(), 8);
+        EXPECT_EQ(touches.removeDuplicates(), 0) << touches.join("").toStdString();
+    }
     Saisie(0)->setFocus();
     for (int i = 0; i < 20; ++i) {
         atteints.insert(fenetre_->focusWidget()->objectName());
@@ -401,7 +524,7 @@ TEST_F(FenetreRecherche, ToutSAtteintAuClavier)
         QTest::keyClick(fenetre_->focusWidget(), Qt::Key_Tab);
     }
     for (const char* nom : {"Btn0", "Btn2", "Saisie0", "Rec0", "Rec1", "Rec2", "Rec3", "LExt", "InfoDate0", "InfoDate1",
-                            "OK0", "Catalogue", "lvListView"})
+                            "SansType", "OK0", "Catalogue", "lvListView"})
         EXPECT_TRUE(atteints.count(nom)) << nom;
     QTest::keyClick(fenetre_, Qt::Key_Escape);
     EXPECT_FALSE(fenetre_->isVisible());

@@ -53,14 +53,6 @@ protected:
         Fenetre<frmRecherche>()->close();
         Calme();
     }
-    template <typename Classe>
-    static Classe* Fenetre()
-    {
-        for (QWidget* fenetre : QApplication::topLevelWidgets())
-            if (auto* trouvee = qobject_cast<Classe*>(fenetre))
-                return trouvee;
-        return nullptr;
-    }
     void Calme() { Calmer(fenetres_->Ouvrage()); }
     // All that can be triggered or pressed, in windows that are there; what asks for more is left at once.
     static void TireSurTout()

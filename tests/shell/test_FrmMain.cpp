@@ -5,6 +5,7 @@
 #include "browser/frmView.h"
 #include "extraction/FrmSemiAuto.h"
 #include "fenetres/GardienEcran.h"
+#include "fenetres/StyleVisible.h"
 #include "outils/Environnement.h"
 #include "outils/Fenetres.h"
 #include "outils/Reponses.h"
@@ -30,14 +31,6 @@ protected:
         QObject::connect(fenetres_.get(), &Fenetres::terminee, fenetres_.get(), [this] { ++fins_; });
         fenetres_->Demarrer();
         fenetre_ = Fenetre<FrmMain>();
-    }
-    template <typename Classe>
-    static Classe* Fenetre()
-    {
-        for (QWidget* fenetre : QApplication::topLevelWidgets())
-            if (auto* trouvee = qobject_cast<Classe*>(fenetre))
-                return trouvee;
-        return nullptr;
     }
     void Calme() { Calmer(fenetres_->Ouvrage()); }
     void Presser(const char* nom)
@@ -216,4 +209,40 @@ TEST_F(Depart, WhatIsTypedInTheWizardWaitsForALookAtTheCatalogue)
     Fermer(assistant);
     emit Fenetre<frmView>()->ajoutVoulu();
     EXPECT_EQ(identifiant()->text(), "") << "closed, it begins anew";
+}
+
+// What is not ticked stands out from a dark ground as it does from a light one, which looks as ever.
+TEST(StyleVisible, CasesVides)
+{
+    const auto dessiner = [](const QStyle& style, QStyle::PrimitiveElement element, const QColor& fond, bool active) {
+        QImage image(16, 16, QImage::Format_RGB32);
+        image.fill(fond);
+        QPainter peintre(&image);
+        QStyleOptionButton option;
+        option.rect = image.rect();
+        option.palette = QPalette(fond);
+        option.state = QStyle::State_Off | (active ? QStyle::State_Enabled : QStyle::State_None);
+        style.drawPrimitive(element, &option, &peintre, nullptr);
+        peintre.end();
+        return image;
+    };
+    const std::unique_ptr<QStyle> simple(QStyleFactory::create("fusion"));
+    const StyleVisible visible(QStyleFactory::create("fusion"));
+    const QColor clair(239, 239, 239), sombre(42, 46, 50);
+    for (const auto element : {QStyle::PE_IndicatorCheckBox, QStyle::PE_IndicatorRadioButton}) {
+        EXPECT_EQ(dessiner(visible, element, clair, true), dessiner(*simple, element, clair, true));
+        const auto contour = [&](bool active) {
+            int plusClair = 0;
+            const QImage image = dessiner(visible, element, sombre, active);
+            for (int x = 0; x < image.width(); ++x)
+                plusClair = std::max(plusClair, qGray(image.pixel(x, image.height() / 2)));
+            return plusClair;
+        };
+        EXPECT_GT(contour(true), qGray(sombre.rgb()) + 80);
+        EXPECT_GT(contour(true), contour(false)) << "what can't be ticked is fainter";
+    }
+    const StyleVisible autre(QStyleFactory::create("windows"));
+    const std::unique_ptr<QStyle> windows(QStyleFactory::create("windows"));
+    EXPECT_EQ(dessiner(autre, QStyle::PE_IndicatorCheckBox, sombre, true),
+              dessiner(*windows, QStyle::PE_IndicatorCheckBox, sombre, true));
 }
