@@ -265,7 +265,6 @@ bool frmView::ChargerArbre()
 void frmView::NoterEtatArbre()
 {
     focus_ = focusWidget();
-    etat_.item.clear();
     if (navigateur_.arbre.Selection() == ArbreCatalogue::Aucun)
         return;
     etat_ = NoterEtat(navigateur_, panneaux_.arbre->Ouverts());

@@ -85,14 +85,15 @@ QString TexteLong::Lire()
         return texte_;
     QString texte = boite_.document()->toRawText();
     if (lignesCoupees_) {
-        qsizetype ecrites = 0;
+        QChar* const debut = texte.data();
+        QChar* ecrite = debut;
         for (QTextBlock bloc = boite_.document()->begin(); bloc.isValid(); bloc = bloc.next()) {
             if (bloc.position() > 0 && bloc.userState() != SuiteDeLigne)
-                texte[ecrites++] = '\n';
-            for (int place = bloc.position(); place < bloc.position() + bloc.length() - 1; ++place)
-                texte[ecrites++] = texte[place];
+                *ecrite++ = '\n';
+            const QChar* const lue = debut + bloc.position();
+            ecrite = std::copy(lue, lue + bloc.length() - 1, ecrite);
         }
-        texte.truncate(ecrites);
+        texte.truncate(ecrite - debut);
     }
     return texte.replace(QChar::ParagraphSeparator, '\n');
 }

@@ -353,7 +353,9 @@ TEST_F(TestEdition, UneBaseQuiNeSEcritPasResteCommeElleEst)
             Choisir(Rapport(), item);
         const QStringList noms = Noms();
         Ecrire(base, "d'un autre programme");
-        EXPECT_FALSE(Commander(commande, changer)) << "nothing to ask about";
+        dialogues_.dites.clear();
+        EXPECT_FALSE(Commander(commande, changer));
+        EXPECT_TRUE(dialogues_.dites.empty()) << "nothing to ask about";
         EXPECT_NE(statut().find(base), std::string::npos) << statut();
         EXPECT_EQ(Contenu(base), "d'un autre programme");
         Ecrire(base, octets);

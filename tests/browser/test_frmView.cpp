@@ -359,10 +359,11 @@ TEST_F(TestVue, GardeCeQuiEstOuvertDUnChargementALAutre)
     ASSERT_TRUE(CopierModele(BaseCourante()));
     AjouterMediaTest({"A", "#a; 1-000000001# 1-000000002#x"});
     AjouterMediaTest({"B", "#a"});
+    AjouterMediaTest({"C", "#a"});
     EXPECT_TRUE(vue_->ChargerArbre()) << "the tree of a base that is current no more";
     Calmer(travailleur_);
     EXPECT_EQ(vue_->windowTitle().toStdString(), "Velourne (" + BaseCourante() + ")");
-    EXPECT_EQ(Arbre()->currentIndex().data().toString(), "B") << "the last one of a first loading";
+    EXPECT_EQ(Arbre()->currentIndex().data().toString(), "C") << "the last one of a first loading";
 }
 
 TEST_F(TestVue, GardeLaPlaceDansUnLongArbre)
