@@ -26,6 +26,8 @@ public:
     bool EnCours() const { return phase_ != Phase::Repos; }
     // A drive is being asked; nothing can be read before it has answered.
     bool EnConsultation() const { return lecteurs_.EnCours(); }
+    // Reads the drives again and presses the tab of one of them, for 0 the remembered one.
+    void ConsulterLecteurs(char voulue);
     // Keeps the window's place.
     void Memoriser();
 
@@ -43,7 +45,6 @@ private:
     enum class Phase { Repos, Verification, Course, Finissant };
 
     void Relier();
-    void ConsulterLecteurs(char voulue);
     void PresserOnglet(const OngletLecteur& onglet);
     void AfficherLecteur();
     void ChoisirDossier();

@@ -4,12 +4,19 @@
 #include <string_view>
 
 #include <QString>
+#include <QTextDocument>
 
 // Texts of the core for widgets.
 
 inline QString EnQString(std::string_view texte)
 {
     return QString::fromUtf8(texte.data(), static_cast<qsizetype>(texte.size()));
+}
+
+// A text as a tip, letter for letter: names may look like mark-up.
+inline QString TexteBulle(const QString& texte)
+{
+    return Qt::mightBeRichText(texte) ? "<qt>" + texte.toHtmlEscaped() + "</qt>" : texte;
 }
 
 // Signs that stand for the control characters of a text, each in the place of one letter.

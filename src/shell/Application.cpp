@@ -7,6 +7,8 @@
 #include <QLibraryInfo>
 #include <QLocale>
 
+#include "menus/StyleMenus.h"
+
 namespace {
 
 int& Preparer(int& argc)
@@ -24,6 +26,7 @@ Application::Application(int& argc, char** argv) : QApplication(Preparer(argc), 
     setApplicationName("velourne");
     setDesktopFileName("velourne");
     setWindowIcon(QIcon(":/images/velourne.svg"));
+    InstallerStyleMenus();
     setQuitOnLastWindowClosed(false);  // windows hide while another shows
     if (francais_.load(QLocale(QLocale::French), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         installTranslator(&francais_);
