@@ -85,10 +85,12 @@ void Patienter(QMenu& menu)
 QStringList Familles()
 {
     QStringList familles;
-    for (const QString& famille : QFontDatabase::families(QFontDatabase::Latin))
-        if (familles.size() < PolicesMaximum && QFontDatabase::isFixedPitch(famille) &&
+    for (const QString& famille : QFontDatabase::families(QFontDatabase::Latin)) {
+        const QString nom = famille.section(" [", 0, 0);  // whoever made them
+        if (familles.size() < PolicesMaximum && !familles.contains(nom) && QFontDatabase::isFixedPitch(famille) &&
             QFontDatabase::isSmoothlyScalable(famille) && !QFontDatabase::isPrivateFamily(famille))
-            familles.append(famille);
+            familles.append(nom);
+    }
     const QString fenetres = QFontInfo(QFontDatabase::systemFont(QFontDatabase::GeneralFont)).family();
     if (!familles.contains(fenetres))
         familles.append(fenetres);
