@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <QAction>
+#include <QActionGroup>
 #include <QFontDatabase>
 #include <QMenu>
 #include <QStyle>
@@ -54,6 +55,8 @@ void Poser(QMenu& menu, const std::vector<Entree>& entrees)
                    [](const QAction* action, const Entree& entree) { return Montre(*action, entree); }))
         return;
     menu.clear();
+    delete menu.findChild<QActionGroup*>();
+    auto* choix = new QActionGroup(&menu);  // one of those that can be marked
     for (const Entree& entree : entrees) {
         if (entree.texte.isEmpty()) {
             menu.addSeparator();
@@ -61,6 +64,8 @@ void Poser(QMenu& menu, const std::vector<Entree>& entrees)
         }
         QAction* action = menu.addAction(entree.icone, entree.texte);
         action->setCheckable(entree.aCocher);
+        if (entree.aCocher)
+            choix->addAction(action);
         action->setChecked(entree.cochee);
         action->setEnabled(entree.permise);
         if (!entree.bulle.isEmpty())
@@ -111,6 +116,7 @@ MenusGeneres::MenusGeneres(QWidget& fenetre, const ActionsVue& actions, Travail&
       menuCategories_(Creer(actions, Commande::CategorieMedia, &MenusGeneres::RemplirCategories)),
       menuPolices_(Creer(actions, Commande::PoliceDescription, &MenusGeneres::RemplirPolices))
 {
+    menuBases_->setToolTipsVisible(true);
 }
 
 MenusGeneres::~MenusGeneres()
@@ -122,7 +128,6 @@ QMenu* MenusGeneres::Creer(const ActionsVue& actions, Commande commande, void (M
 {
     QAction* action = actions[commande];
     auto* menu = new QMenu(action->text(), &fenetre_);
-    menu->setToolTipsVisible(true);
     menu->setObjectName(action->objectName() + " menu");
     action->setMenu(menu);
     connect(menu, &QMenu::aboutToShow, this, remplir);
