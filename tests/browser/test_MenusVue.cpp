@@ -225,6 +225,23 @@ TEST_F(TestMenus, LesTouchesDesVuesEtLaFrappe)
     Touche(Rapport(), Qt::Key_F5);
     EXPECT_EQ(Arbre()->model()->rowCount(Arbre()->model()->index(0, 0)), 3);
 
+    // F2 renames what is selected: the directory, not its media.
+    for (const auto& [noeud, titre] :
+         {std::pair{"Média", "Modifier le label du média"}, {"sous", "Modifier le nom du répertoire"}}) {
+        Choisir(Arbre(), noeud);
+        QString vu;
+        QTimer guetteur;
+        guetteur.callOnTimeout([&] {
+            if (auto* dialogue = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+                vu = dialogue->windowTitle();
+                dialogue->reject();
+            }
+        });
+        guetteur.start(1);
+        Touche(Arbre(), Qt::Key_F2);
+        EXPECT_EQ(vu, titre);
+    }
+
     // What is selected elsewhere does not count: the key belongs to the view that has it.
     Choisir(Arbre(), "Média");
     Choisir(Rapport(), "net.txt");
