@@ -1,7 +1,7 @@
 #pragma once
 
 #include <array>
-#include <initializer_list>
+#include <span>
 
 #include <QObject>
 
@@ -9,6 +9,7 @@
 
 class QAction;
 class QActionGroup;
+class QKeyEvent;
 class QMenu;
 class QToolBar;
 class QWidget;
@@ -21,8 +22,12 @@ public:
     explicit ActionsVue(QWidget* fenetre);
 
     QAction* operator[](Commande commande) const { return actions_[static_cast<size_t>(commande)]; }
-    void Ajouter(QWidget& cible, std::initializer_list<Commande> commandes) const;  // a menu or a tool bar
+    void Ajouter(QWidget& cible, std::span<const Commande> commandes) const;  // a menu or a tool bar
     void Activer(const ContexteCommandes& contexte);
+
+    // Gives the command that a key stands for in the tree or in the list, if it may be given now. False for keys of
+    // other meaning.
+    bool Toucher(const QKeyEvent& evenement, bool liste) const;
 
     QActionGroup* Affichages() const { return affichages_; }
 

@@ -110,5 +110,6 @@ Navigateur ChargerArbre(IconesExtensions& icones, const TriListe& tri, const std
         navigateur.Montrer(LectureListeFichiers(cle, icones, tri, arret, partLecture));
         navigateur.MontrerDescriptionNoeud();
     }
+    navigateur.OublierVus();
     return navigateur;
 }

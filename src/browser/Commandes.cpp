@@ -18,6 +18,7 @@ struct Regle {
     unsigned noeuds = ToutNoeud;
     unsigned items = ToutItem;
     unsigned occupe = SaufOccupe;
+    bool dejaVu = false;  // only when there is a node to go back to
 };
 
 constexpr unsigned SousLaRacine = Un(NoeudChoisi::Media) | Un(NoeudChoisi::Repertoire) | Un(NoeudChoisi::Archive);
@@ -51,6 +52,15 @@ constexpr Regle Regles[NombreCommandes] = {
     {ToutNoeud, ToutItem, Toujours},                                    // Preferences
     {ToutNoeud, ToutItem, Toujours},                                    // Aide
     {ToutNoeud, ToutItem, Toujours},                                    // Quitter
+    {SousLaRacine},                                                     // CopierNoeud
+    {ToutNoeud, ~Un(ItemChoisi::Aucun)},                                // CopierItem
+    {SousLaRacine},                                                     // Monter
+    {ToutNoeud, ToutItem, SaufOccupe, true},                            // Reculer
+    {},                                                                 // Actualiser
+    {},                                                                 // BasesRecentes
+    {},                                                                 // AjouterDepuis
+    {SousLaRacine},                                                     // CategorieMedia
+    {ToutNoeud, ToutItem, Toujours},                                    // PoliceDescription
 };
 
 }  // namespace
@@ -82,5 +92,5 @@ bool CommandePermise(Commande commande, const ContexteCommandes& contexte)
 {
     const Regle& regle = Regles[static_cast<size_t>(commande)];
     return (!contexte.occupe || regle.occupe == Toujours) && (regle.noeuds & Un(contexte.noeud)) != 0 &&
-           (regle.items & Un(contexte.item)) != 0;
+           (regle.items & Un(contexte.item)) != 0 && (!regle.dejaVu || contexte.dejaVu);
 }

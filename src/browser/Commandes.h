@@ -36,8 +36,18 @@ enum class Commande {
     Preferences,
     Aide,
     Quitter,
+    CopierNoeud,  // the path of the node, of the item
+    CopierItem,
+    Monter,
+    Reculer,
+    Actualiser,
+    // These open menus of their own.
+    BasesRecentes,
+    AjouterDepuis,
+    CategorieMedia,
+    PoliceDescription,
 };
-inline constexpr size_t NombreCommandes = static_cast<size_t>(Commande::Quitter) + 1;
+inline constexpr size_t NombreCommandes = static_cast<size_t>(Commande::PoliceDescription) + 1;
 
 // Aucun: the tree has no nodes at all. A tree of which none is selected stands as if its root were.
 enum class NoeudChoisi : unsigned { Aucun = 1, Racine = 2, Media = 4, Repertoire = 8, Archive = 16 };
@@ -47,6 +57,7 @@ struct ContexteCommandes {
     NoeudChoisi noeud = NoeudChoisi::Aucun;
     ItemChoisi item = ItemChoisi::Aucun;
     bool occupe = false;  // the tree is being loaded
+    bool dejaVu = false;  // another node was shown before
 };
 
 // What is selected: `cleItem` and `repertoire` tell of the list's item, no key when there is none.

@@ -38,6 +38,14 @@ bool OuvrirCatalogue(Dialogues& dialogues)
     return true;
 }
 
+bool OuvrirBaseRecente(const std::string& chemin)
+{
+    if (!FichierExiste(chemin))
+        return false;
+    Basculer(chemin);
+    return true;
+}
+
 bool CreerCatalogue(Dialogues& dialogues)
 {
     const std::string chemin = dialogues.ChoisirFichier(DemandeBase(Messages[TitreCreer], true));

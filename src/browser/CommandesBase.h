@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "commun/Dialogues.h"
 
 // What the user does to whole bases. Each asks what it needs to know, and returns true when another base has become
@@ -9,6 +11,8 @@
 bool CreerCatalogue(Dialogues& dialogues);
 
 bool OuvrirCatalogue(Dialogues& dialogues);
+// The one at this path, nothing when no file is there.
+bool OuvrirBaseRecente(const std::string& chemin);
 
 // Copies the current base, which stays current.
 void DupliquerCatalogue(Dialogues& dialogues);

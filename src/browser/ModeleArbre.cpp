@@ -2,9 +2,8 @@
 
 #include <utility>
 
-#include <QColor>
-
 #include "browser/ImagesCatalogue.h"
+#include "fenetres/Couleurs.h"
 #include "fenetres/TextesQt.h"
 
 ModeleArbre::ModeleArbre(ArbreCatalogue& arbre, ImagesCatalogue& images, QObject* parent)
@@ -161,7 +160,7 @@ QVariant ModeleArbre::data(const QModelIndex& index, int role) const
             // Black is the palette's own text colour, which a dark theme makes light.
             if (n.couleur == CouleurNoire)
                 return {};
-            return QColor(n.couleur & 0xFF, (n.couleur >> 8) & 0xFF, (n.couleur >> 16) & 0xFF);
+            return CouleurDeLong(n.couleur);
         default: return {};
     }
 }

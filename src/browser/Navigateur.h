@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "browser/LectureListeFichiers.h"
 #include "catalogue/ArbreCatalogue.h"
@@ -20,6 +21,7 @@ public:
 
     std::string statut;
     std::string titre;                // behind eleven blanks that leave room for the icon; empty for the root
+    std::string chemin;               // of the node shown; empty for the root
     Description description;          // what is shown
     bool descriptionDeNoeud = false;  // it belongs to the tree, not to the list
 
@@ -40,10 +42,30 @@ public:
     // such node.
     bool Descendre(int32_t rang);
 
+    // Selects the parent of the selected node, to be read next. False for the root.
+    bool Monter();
+    // Selects the node that was shown before, among those that are still there. False when there is none.
+    bool Reculer();
+    bool PeutReculer() const;
+    // Only what is shown from now on counts as seen.
+    void OublierVus() { vus_.clear(); }
+
+    // Key under which a node below a media stands in the list of its parent; empty for others.
+    std::string CleDansLaListe(int32_t noeud) const;
+
+    // Path of a node, of the item at this place of the list, as it is shown: "D:\dossier\fichier". Reads the base.
+    std::string CheminNoeud(int32_t noeud) const;
+    std::string CheminItem(int32_t rang) const;
+
     // The node's new name, in the tree and, while it is shown, in the title.
     void RenommerNoeud(int32_t noeud, std::string_view texte);
 
 private:
     void ColorerMedia(int32_t noeud, uint32_t couleur);
     void MontrerTitre();
+    void Retenir(const std::string& cle);
+
+    std::vector<std::string> vus_;  // keys of the nodes shown before, the last one behind
+    std::string montre_;            // key of the one shown now
+    std::string recul_;             // key of the one that Reculer has selected
 };

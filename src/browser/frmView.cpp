@@ -1,25 +1,23 @@
 #include "browser/frmView.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 #include <vector>
 
 #include <QActionGroup>
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QHeaderView>
 #include <QLabel>
-#include <QMenu>
-#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSplitter>
-#include <QToolBar>
 #include <QToolButton>
 #include <QTreeView>
 
+#include "browser/BasesRecentes.h"
 #include "browser/CadrePhoto.h"
 #include "browser/ChargerArbre.h"
 #include "browser/CommandesBase.h"
@@ -32,9 +30,11 @@
 #include "fenetres/DelegueGrille.h"
 #include "fenetres/Etiquette.h"
 #include "fenetres/Place.h"
+#include "fenetres/PoliceEgale.h"
 #include "fenetres/TexteLong.h"
 #include "fenetres/TextesQt.h"
 #include "fenetres/TravailFenetre.h"
+#include "menus/StyleMenus.h"
 #include "platform/Bureau.h"
 #include "platform/Chemins.h"
 #include "store/ClesReglages.h"
@@ -76,14 +76,16 @@ frmView::frmView(Dialogues& dialogues, ChoixLecteur& choixLecteur, Travail& trav
       modeleArbre_(new ModeleArbre(navigateur_.arbre, images_, this)),
       modeleListe_(new ModeleListe(navigateur_.liste, images_, this)),
       actions_(this),
+      menus_(*this, actions_),
+      menusGeneres_(*this, actions_, travail, [this] { return MediaChoisi(); }),
       panneaux_(*this, *modeleArbre_, *modeleListe_),
       edition_(*this, dialogues, navigateur_, *modeleArbre_, *modeleListe_, images_)
 {
     setContextMenuPolicy(Qt::NoContextMenu);
     RelireBaseCourante();
     MontrerBase();
-    CreerMenus();
     Relier();
+    RelierMenus();
     PlacerFenetrePrincipale(*this);
     LireReglages();
     Activer();
@@ -99,48 +101,8 @@ frmView::~frmView()
     delete takeCentralWidget();
 }
 
-void frmView::CreerMenus()
-{
-    using enum Commande;
-    QMenu* catalogue = menuBar()->addMenu("&Catalogue");
-    actions_.Ajouter(*catalogue, {CreerCatalogue, OuvrirCatalogue, DupliquerCatalogue, SupprimerCatalogue});
-    catalogue->addSeparator();
-    actions_.Ajouter(*catalogue, {Rechercher, Imprimer, Preferences});
-    catalogue->addSeparator();
-    actions_.Ajouter(*catalogue, {Quitter});
-    QMenu* media = menuBar()->addMenu("&Média");
-    actions_.Ajouter(*media, {AjouterMedia, ModifierLabel, ModifierIcone, SupprimerMedia});
-    media->addSeparator();
-    actions_.Ajouter(*media, {RechercherMedia, Prets, ProprietesNoeud});
-    QMenu* repertoire = menuBar()->addMenu("&Répertoire");
-    actions_.Ajouter(*repertoire, {RenommerRepertoire, SupprimerRepertoire, RenommerArchive, SupprimerArchive});
-    repertoire->addSeparator();
-    actions_.Ajouter(*repertoire, {DecrireNoeud});
-    QMenu* fichier = menuBar()->addMenu("&Fichier");
-    actions_.Ajouter(*fichier, {LancerFichier, OuvrirDossier});
-    fichier->addSeparator();
-    actions_.Ajouter(*fichier, {RenommerItem, RetirerItem, DecrireItem});
-    fichier->addSeparator();
-    actions_.Ajouter(*fichier, {ProprietesItem});
-    menuBar()->addMenu("&Affichage")->addActions(actions_.Affichages()->actions());
-    actions_.Ajouter(*menuBar()->addMenu("Ai&de"), {Aide});
-
-    QToolBar* barre = addToolBar("Barre d'outils");
-    barre->setObjectName("Menu");
-    barre->setMovable(false);
-    barre->setContextMenuPolicy(Qt::PreventContextMenu);
-    actions_.Ajouter(*barre, {AjouterMedia});
-    barre->addSeparator();
-    actions_.Ajouter(*barre, {CreerCatalogue, OuvrirCatalogue, RetirerCatalogue});
-    barre->addSeparator();
-    actions_.Ajouter(*barre, {Rechercher, Imprimer, Preferences, Aide});
-}
-
 void frmView::Relier()
 {
-    connect(&actions_, &ActionsVue::demandee, this, &frmView::Executer);
-    connect(&actions_, &ActionsVue::affichageDemande, this, &frmView::ChoisirAffichage);
-
     // Shown when the event that selected is over: a held arrow key then reads only where it stops.
     for (QTimer* attente : {&noeudAMontrer_, &itemAMontrer_}) {
         attente->setSingleShot(true);
@@ -157,7 +119,6 @@ void frmView::Relier()
 
     VueArbre* arbre = panneaux_.arbre;
     arbre->installEventFilter(this);
-    connect(arbre, &QWidget::customContextMenuRequested, this, &frmView::MenuArbre);
     connect(arbre, &QTreeView::clicked, &noeudAMontrer_, qOverload<>(&QTimer::start));
     connect(arbre, &VueArbre::parcourue, this, [this] {
         if (navigateur_.LectureVoulue())  // selected by the loading, and not shown yet
@@ -175,7 +136,6 @@ void frmView::Relier()
         vue->installEventFilter(this);
         connect(vue, &QAbstractItemView::clicked, &itemAMontrer_, qOverload<>(&QTimer::start));
         connect(vue, &QAbstractItemView::doubleClicked, this, &frmView::OuvrirItem);
-        connect(vue, &QWidget::customContextMenuRequested, this, &frmView::MenuListe);
     }
     connect(panneaux_.rapport->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& index) {
@@ -183,7 +143,6 @@ void frmView::Relier()
                     itemAMontrer_.start();
             });
     connect(panneaux_.rapport->header(), &QHeaderView::sectionClicked, this, &frmView::TrierColonne);
-    connect(panneaux_.description, &QWidget::customContextMenuRequested, this, &frmView::MenuDescription);
     connect(panneaux_.photo, &CadrePhoto::lue, panneaux_.frPhoto, &QWidget::setVisible);
     connect(panneaux_.modifDesc[0], &QToolButton::clicked, this,
             [this] { Editer(navigateur_.descriptionDeNoeud ? Commande::DecrireNoeud : Commande::DecrireItem); });
@@ -192,6 +151,21 @@ void frmView::Relier()
          {std::pair{panneaux_.vertical, ClePicSplitterLeft}, std::pair{panneaux_.horizontal, ClePicSplitterTop}})
         connect(separateur, &QSplitter::splitterMoved, this,
                 [cle = cle](int place, int) { EcrirePixels(SectionSettings, cle, place); });
+}
+
+void frmView::RelierMenus()
+{
+    connect(&actions_, &ActionsVue::demandee, this, &frmView::Executer);
+    connect(&actions_, &ActionsVue::affichageDemande, this, &frmView::ChoisirAffichage);
+    connect(&menusGeneres_, &MenusGeneres::lecteurChoisi, this, &frmView::ajoutVoulu);
+    connect(&menusGeneres_, &MenusGeneres::categorieChoisie, this, &frmView::categorieVoulue);
+    connect(&menusGeneres_, &MenusGeneres::baseChoisie, this,
+            [this](const std::string& chemin) { ChangerDeBase([chemin] { return OuvrirBaseRecente(chemin); }); });
+    connect(&menusGeneres_, &MenusGeneres::policeChoisie, this, [this](const std::string& famille) {
+        SaveSetting(SectionSettings, ClePoliceDescription, famille);
+        RelireOptions();
+    });
+    menus_.Relier(panneaux_, navigateur_, [this] { Activer(); });
 }
 
 void frmView::LireReglages()
@@ -216,9 +190,13 @@ void frmView::LireReglages()
     RelireOptions();
 }
 
-// The grid shows not before its switch was touched, although the preferences show it as on: kept, particularité 2.
+// Neither grid nor gradient show before their switches were touched, although the preferences show them as on: kept,
+// particularité 2.
 void frmView::RelireOptions()
 {
+    DegraderMenus(GetSettingNombre(SectionSettings, CleOptionsDivers[1], 0) != 0);
+    panneaux_.description->setFont(
+        PoliceEgale(panneaux_.rapport->font(), EnQString(GetSetting(SectionSettings, ClePoliceDescription, ""))));
     panneaux_.grille->Montrer(GetSettingNombre(SectionSettings, CleOptionsDivers[0], 0) != 0);
     panneaux_.rapport->viewport()->update();
 }
@@ -234,6 +212,7 @@ void frmView::Memoriser()
 
 void frmView::MontrerBase()
 {
+    RetenirBase(BaseCourante());
     setWindowTitle("Velourne (" + QString::fromStdString(BaseCourante()) + ")");
 }
 
@@ -468,6 +447,7 @@ void frmView::MontrerNavigateur()
 {
     panneaux_.titre->setText(QString::fromStdString(navigateur_.titre));
     MontrerStatut();
+    panneaux_.titre->setToolTip(EnBulle(navigateur_.chemin));
     panneaux_.texte->Montrer(EnLignes(navigateur_.description.texte));
     MontrerTitreIcone();
     MontrerPhoto();
@@ -509,6 +489,14 @@ void frmView::MontrerTitreIcone()
     panneaux_.iconeTitre->setPixmap(icone.pixmap(cote, cote));
 }
 
+// Number of the media that the selected node belongs to, decimal; empty for the root.
+std::string frmView::MediaChoisi() const
+{
+    const ArbreCatalogue& arbre = navigateur_.arbre;
+    const int32_t media = arbre.Selection() < 0 ? ArbreCatalogue::Aucun : arbre.Media(arbre.Selection());
+    return media == ArbreCatalogue::Aucun ? std::string() : AnalyserCle(arbre[media].cle).catalogue;
+}
+
 // Place of the item that is selected in the list; -1 when there is none.
 int frmView::RangChoisi() const
 {
@@ -522,6 +510,7 @@ void frmView::Activer()
     const ItemListe item = rang < 0 ? ItemListe() : navigateur_.liste[rang];
     ContexteCommandes contexte = Contexte(navigateur_.arbre, item.cle, item.EstRepertoire());
     contexte.occupe = enChargement_;
+    contexte.dejaVu = navigateur_.PeutReculer();
     actions_.Activer(contexte);
 }
 
@@ -545,11 +534,10 @@ void frmView::Executer(Commande commande)
         case Commande::Rechercher: Btn_recherche(); break;
         case Commande::RechercherMedia:
             travail_.Executer(Place::Commande, [this] {
-                const int32_t media = navigateur_.arbre.Media(navigateur_.arbre.Selection());
-                if (media == ArbreCatalogue::Aucun)
-                    return;
-                PreparerRechercheMedia(AnalyserCle(navigateur_.arbre[media].cle).catalogue);
-                Btn_recherche();
+                if (const std::string media = MediaChoisi(); !media.empty()) {
+                    PreparerRechercheMedia(media);
+                    Btn_recherche();
+                }
             });
             break;
         case Commande::Aide:
@@ -567,6 +555,14 @@ void frmView::Executer(Commande commande)
         case Commande::Imprimer: emit impressionVoulue(); break;
         case Commande::Preferences: emit preferencesVoulues(); break;
         case Commande::Quitter: emit sortieVoulue(); break;
+        case Commande::CopierNoeud: Copier(true); break;
+        case Commande::CopierItem: Copier(false); break;
+        case Commande::Monter: Monter(); break;
+        case Commande::Reculer: SuivreNoeud(navigateur_.Reculer()); break;
+        case Commande::Actualiser:
+            FixerArbreARecharger(true);
+            ChargerArbre();
+            break;
         default: Editer(commande); break;
     }
 }
@@ -669,10 +665,38 @@ void frmView::OuvrirItem()
             Lancer(false);
         return;
     }
-    if (!navigateur_.Descendre(index.row()))
+    SuivreNoeud(navigateur_.Descendre(index.row()));
+}
+
+// Shows the node that the logic has selected, if it has.
+void frmView::SuivreNoeud(bool choisi)
+{
+    if (!choisi)
         return;
     SelectionnerNoeud();
     tvTreeView_Click();
+}
+
+// In the list the user comes to the item that he was in.
+void frmView::Monter()
+{
+    const ArbreCatalogue& arbre = navigateur_.arbre;
+    const std::string quitte = navigateur_.CleDansLaListe(arbre.Selection());
+    if (!navigateur_.Monter())
+        return;
+    itemVoulu_ = {panneaux_.VueListe()->hasFocus() ? quitte : std::string()};
+    SuivreNoeud(true);
+}
+
+// To the clipboard, the path of the selected node or of the list's item.
+void frmView::Copier(bool noeud)
+{
+    travail_.Executer(Place::Commande, [this, noeud] {
+        const int rang = RangChoisi();
+        if (noeud || rang >= 0)
+            QGuiApplication::clipboard()->setText(EnQString(
+                noeud ? navigateur_.CheminNoeud(navigateur_.arbre.Selection()) : navigateur_.CheminItem(rang)));
+    });
 }
 
 void frmView::ShowPropriete(std::string_view genre)
@@ -709,55 +733,6 @@ void frmView::Lancer(bool dossier)
     });
 }
 
-void frmView::MenuArbre(const QPoint& place)
-{
-    using enum Commande;
-    Activer();
-    QMenu menu(this);
-    menu.setObjectName("MnuRepert");
-    actions_.Ajouter(menu, {CreerCatalogue, OuvrirCatalogue, DupliquerCatalogue, SupprimerCatalogue});
-    menu.addSeparator();
-    actions_.Ajouter(menu, {AjouterMedia, ModifierLabel, ModifierIcone, SupprimerMedia});
-    menu.addSeparator();
-    actions_.Ajouter(menu, {RenommerRepertoire, SupprimerRepertoire, RenommerArchive, SupprimerArchive, DecrireNoeud});
-    menu.addSeparator();
-    actions_.Ajouter(menu, {RechercherMedia, ProprietesNoeud});
-    menu.exec(panneaux_.arbre->viewport()->mapToGlobal(place));
-}
-
-void frmView::MenuListe(const QPoint& place)
-{
-    using enum Commande;
-    Activer();
-    if (RangChoisi() < 0)
-        return;
-    QMenu menu(this);
-    menu.setObjectName("MnuFile");
-    actions_.Ajouter(menu, {LancerFichier, OuvrirDossier});
-    menu.addSeparator();
-    actions_.Ajouter(menu, {RenommerItem, RetirerItem, DecrireItem});
-    menu.addSeparator();
-    actions_.Ajouter(menu, {ProprietesItem});
-    menu.exec(panneaux_.VueListe()->viewport()->mapToGlobal(place));
-}
-
-void frmView::MenuDescription(const QPoint& place)
-{
-    Activer();
-    const bool noeud = navigateur_.descriptionDeNoeud;
-    const Commande commande = noeud ? Commande::DecrireNoeud : Commande::DecrireItem;
-    if (!actions_[commande]->isEnabled())
-        return;
-    QMenu menu(this);
-    menu.setObjectName(noeud ? "MnuDescr" : "MnuDescrLv");
-    actions_.Ajouter(menu, {commande});
-    menu.addSeparator();
-    menu.addAction("&Copier", panneaux_.description, &QPlainTextEdit::copy)
-        ->setEnabled(panneaux_.description->textCursor().hasSelection());
-    menu.addAction("Tout &sélectionner", panneaux_.description, &QPlainTextEdit::selectAll);
-    menu.exec(panneaux_.description->viewport()->mapToGlobal(place));
-}
-
 void frmView::closeEvent(QCloseEvent* evenement)
 {
     Memoriser();
@@ -780,33 +755,19 @@ void frmView::changeEvent(QEvent* evenement)
 
 bool frmView::eventFilter(QObject* objet, QEvent* evenement)
 {
-    if (evenement->type() == QEvent::KeyPress && Touche(objet, static_cast<QKeyEvent*>(evenement)->key()))
+    if (evenement->type() == QEvent::KeyPress && Touche(objet, *static_cast<QKeyEvent*>(evenement)))
         return true;
     return QMainWindow::eventFilter(objet, evenement);
 }
 
-// Of the tree and the list: Enter opens an item, F2 renames and Delete deletes what is selected.
-bool frmView::Touche(QObject* vue, int touche)
+// Of the tree and the list; Enter opens an item.
+bool frmView::Touche(QObject* vue, const QKeyEvent& evenement)
 {
-    using enum Commande;
     const bool liste = vue != panneaux_.arbre;
-    if (liste && (touche == Qt::Key_Return || touche == Qt::Key_Enter)) {
+    if (liste && (evenement.key() == Qt::Key_Return || evenement.key() == Qt::Key_Enter)) {
         OuvrirItem();
         return true;
     }
-    if (touche != Qt::Key_F2 && touche != Qt::Key_Delete)
-        return false;
     Activer();
-    const auto possibles = touche == Qt::Key_F2
-                               ? std::array{ModifierLabel, RenommerRepertoire, RenommerArchive, RenommerItem}
-                               : std::array{SupprimerMedia, SupprimerRepertoire, SupprimerArchive, RetirerItem};
-    const bool media = navigateur_.arbre.EstMedia(navigateur_.arbre.Selection());
-    for (const Commande commande : possibles) {
-        const bool delItem = commande == possibles.back(), duMedia = commande == possibles.front();
-        if (delItem == liste && (liste || duMedia == media) && actions_[commande]->isEnabled()) {
-            Editer(commande);
-            break;
-        }
-    }
-    return true;
+    return actions_.Toucher(evenement, liste);
 }

@@ -14,6 +14,8 @@
 #include "browser/EditionVue.h"
 #include "browser/EtatArbre.h"
 #include "browser/ImagesCatalogue.h"
+#include "browser/MenusGeneres.h"
+#include "browser/MenusVue.h"
 #include "browser/ModeleArbre.h"
 #include "browser/ModeleListe.h"
 #include "browser/Navigateur.h"
@@ -68,14 +70,15 @@ public:
     void Memoriser();
 
 signals:
-    void ajoutVoulu();        // the user wants to read a media
-    void rechercheVoulue();   // the search window must take the place of this one
-    void impressionVoulue();  // the listing window must take the place of this one
+    void ajoutVoulu(char lettre = 0);  // the user wants to read a media, in this drive if one is named
+    void rechercheVoulue();            // the search window must take the place of this one
+    void impressionVoulue();           // the listing window must take the place of this one
     void preferencesVoulues();
     void pretsVoulus();
     // By the key of a node or an item; `fichier`: of an item that is no directory.
     void proprietesVoulues(const std::string& cle, bool fichier, bool noeud);  // of the tree's node or the list's item
-    void sortieVoulue();                                                       // the user wants to end the program
+    void categorieVoulue(const std::string& media, const std::string& categorie);  // for a media, by its number
+    void sortieVoulue();                                                           // the user wants to end the program
     void fermetureVoulue();  // the window is to be closed; it stays until somebody hides it
     void chargement(double part);
     void charge();
@@ -86,8 +89,8 @@ protected:
     bool eventFilter(QObject* objet, QEvent* evenement) override;
 
 private:
-    void CreerMenus();
     void Relier();
+    void RelierMenus();
     void LireReglages();
 
     void Executer(Commande commande);
@@ -117,16 +120,17 @@ private:
     void Occuper(bool occupe);
     void Suivre();
     void Activer();
+    std::string MediaChoisi() const;
     int RangChoisi() const;
 
     void ChoisirAffichage(int mode);
     void TrierColonne(int colonne);
     void OuvrirItem();
     void Lancer(bool dossier);
-    void MenuArbre(const QPoint& place);
-    void MenuListe(const QPoint& place);
-    void MenuDescription(const QPoint& place);
-    bool Touche(QObject* vue, int touche);
+    void SuivreNoeud(bool choisi);
+    void Monter();
+    void Copier(bool noeud);
+    bool Touche(QObject* vue, const QKeyEvent& touche);
 
     Dialogues& dialogues_;
     ChoixLecteur& choixLecteur_;
@@ -139,6 +143,8 @@ private:
     ModeleArbre* modeleArbre_;
     ModeleListe* modeleListe_;
     ActionsVue actions_;
+    MenusVue menus_;
+    MenusGeneres menusGeneres_;
     PanneauxVue panneaux_;
     EditionVue edition_;
 

@@ -20,6 +20,7 @@ enum class Place {
     Listing,       // writing of a listing
     Compaction,    // of the base, at the end
     Commande,      // a command that writes, switches or deletes a base
+    Menu,          // what a menu shows
 };
 
 // Long work, one piece at a time, on a worker thread. A piece runs on the worker; then its sequel runs on the thread

@@ -132,7 +132,6 @@ void FrmSemiAuto::Relier()
     connect(&suivi_, &QTimer::timeout, this, &FrmSemiAuto::Suivre);
 }
 
-// Reads the drives again and presses the tab of one of them, else the remembered one.
 void FrmSemiAuto::ConsulterLecteurs(char voulue)
 {
     const auto vus = std::make_shared<std::vector<LecteurVu>>();

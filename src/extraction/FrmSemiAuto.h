@@ -29,6 +29,8 @@ public:
     bool EnCours() const { return phase_ != Phase::Repos; }
     // A drive is being asked; nothing can be read before it has answered.
     bool EnConsultation() const { return lecteurs_.EnCours(); }
+    // Reads the drives again and presses the tab of one of them, for 0 the remembered one.
+    void ConsulterLecteurs(char voulue);
     // Keeps the window's place.
     void Memoriser();
     // To be shown again after a look at the catalogue: what was typed stays, base and drives may be others.
@@ -49,7 +51,6 @@ private:
 
     void Relier();
     void MontrerCatalogue();
-    void ConsulterLecteurs(char voulue);
     void PresserOnglet(const OngletLecteur& onglet);
     void AfficherLecteur();
     void ChoisirDossier();

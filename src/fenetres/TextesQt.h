@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include <QString>
+#include <QTextDocument>
 
 // Texts of the core for widgets.
 
@@ -13,10 +14,15 @@ inline QString EnQString(std::string_view texte)
     return QString::fromUtf8(texte.data(), static_cast<qsizetype>(texte.size()));
 }
 
-// A text for a tool tip, where it would otherwise be taken for mark-up when it looks like it.
+// A text for a tool tip, letter for letter: it would otherwise be taken for mark-up when it looks like it.
+inline QString EnBulle(const QString& texte)
+{
+    return Qt::mightBeRichText(texte) ? "<p style=\"white-space:pre\">" + texte.toHtmlEscaped() + "</p>" : texte;
+}
+
 inline QString EnBulle(std::string_view texte)
 {
-    return texte.empty() ? QString() : "<p>" + EnQString(texte).toHtmlEscaped() + "</p>";
+    return EnBulle(EnQString(texte));
 }
 
 // Signs that stand for the control characters of a text, each in the place of one letter.

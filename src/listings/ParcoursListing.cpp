@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "catalogue/CheminCatalogue.h"
 #include "catalogue/Cles.h"
 #include "catalogue/ItemsListe.h"
 #include "catalogue/Lignes.h"
@@ -74,29 +75,6 @@ TeteMedia LireTete(Base& base, const std::string& numero)
             capacite("Libre")};
 }
 
-// Name of the media's top, "D:"; none when it has no row.
-std::optional<std::string> LireRacine(Base& base, const std::string& numero)
-{
-    Recordset racine = LigneRacine(base, numero);
-    if (racine.Eof())
-        return {};
-    return std::string(racine.Texte("Nom"));
-}
-
-// The texts on the way from the media down to the node, the media's own replaced by its drive.
-std::string CheminListing(const ArbreCatalogue& arbre, int32_t noeud, const std::optional<std::string>& racine)
-{
-    std::vector<std::string_view> textes;
-    for (; arbre[noeud].parent != ArbreCatalogue::Aucun; noeud = arbre[noeud].parent)
-        textes.push_back(arbre[noeud].texte);
-    if (racine && !textes.empty())
-        textes.back() = *racine;
-    std::string chemin;
-    for (auto texte = textes.rbegin(); texte != textes.rend(); ++texte)
-        chemin.append(texte == textes.rbegin() ? "" : "\\").append(*texte);
-    return chemin;
-}
-
 // The files of a directory or an archive, as long as `continuer` says so.
 template <typename Continuer>
 int64_t ListerFichiers(Recordset lignes, bool dansArchive, const ColonnesListing& colonnes, EcrivainListing& ecrivain,
@@ -144,12 +122,12 @@ bool ParcourirListing(const ArbreCatalogue& arbre, int64_t media, const Colonnes
     for (const NoeudsMedia& groupe : groupes) {
         const std::string numero = std::to_string(groupe.media);
         ecrivain.Media(LireTete(base, numero), &groupe == groupes.data());
-        const std::optional<std::string> racine = LireRacine(base, numero);
+        const std::optional<std::string> racine = NomRacine(base, numero);
         for (const int32_t noeud : groupe.noeuds) {
             if (!continuer())
                 return false;
             const std::string_view cle = arbre[noeud].cle;
-            ecrivain.Repertoire(CheminListing(arbre, noeud, racine));
+            ecrivain.Repertoire(CheminCatalogue(arbre, noeud, racine));
             bilan.lignes += ListerFichiers(LignesFichiers(base, AnalyserCle(cle)), EstCleDansArchive(cle), colonnes,
                                            ecrivain, continuer);
             ecrivain.FinRepertoire();

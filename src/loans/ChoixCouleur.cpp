@@ -51,16 +51,6 @@ double Contraste(const QColor& a, const QColor& b)
 
 }  // namespace
 
-QColor CouleurDeLong(uint32_t couleur)
-{
-    return QColor(couleur & 0xFF, (couleur >> 8) & 0xFF, (couleur >> 16) & 0xFF);
-}
-
-uint32_t LongDeCouleur(const QColor& couleur)
-{
-    return static_cast<uint32_t>(couleur.red() | couleur.green() << 8 | couleur.blue() << 16);
-}
-
 QColor CouleurDeTexte(uint32_t couleur, const QColor& fond)
 {
     if (couleur == 0)

@@ -5,11 +5,9 @@
 
 #include <QColor>
 
-class QWidget;
+#include "fenetres/Couleurs.h"
 
-// Colours as the settings hold them: RGB longs, red in the low byte.
-QColor CouleurDeLong(uint32_t couleur);
-uint32_t LongDeCouleur(const QColor& couleur);
+class QWidget;
 
 // A colour that can be read as text on this ground: itself, else a lighter or darker one of the same hue. Black is the
 // palette's own colour of text, and gives no colour.

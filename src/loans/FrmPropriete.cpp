@@ -187,12 +187,7 @@ void FrmPropriete::ColorerCategorie()
 // A square of the colour ahead of the name; the row holds the colour.
 void FrmPropriete::MontrerCouleur(QListWidgetItem& ligne, uint32_t couleur)
 {
-    const int cote = fontMetrics().ascent();
-    QPixmap carre(cote, cote);
-    carre.fill(CouleurDeLong(couleur));
-    QIcon icone(carre);
-    icone.addPixmap(carre, QIcon::Selected);
-    ligne.setIcon(icone);
+    ligne.setIcon(Pastille(couleur, fontMetrics().ascent()));
     ligne.setData(Qt::UserRole, couleur);
 }
 
@@ -245,11 +240,11 @@ void FrmPropriete::BasculerTypes()
 void FrmPropriete::ValiderCategorie(const std::string& categorie)
 {
     Agir([this, categorie] {
-        const uint32_t avant = CouleurCategorie(categorie_);
-        if (!::ValiderCategorie(sujet_.media, categorie))
+        const std::optional<CouleursMedia> couleurs = ChangerCategorie(sujet_.media, categorie);
+        if (!couleurs)
             return;
         VerifierCategorie();
-        emit couleursChangees({QString::fromStdString(sujet_.media).toLongLong()}, avant, CouleurCategorie(categorie_));
+        emit couleursChangees({EnQString(sujet_.media).toLongLong()}, couleurs->avant, couleurs->apres);
     });
 }
 

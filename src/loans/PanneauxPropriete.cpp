@@ -15,6 +15,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+#include "catalogue/Categories.h"
 #include "fenetres/TextesQt.h"
 
 namespace {

@@ -1,5 +1,6 @@
 #include "loans/Proprietes.h"
 
+#include "catalogue/Categories.h"
 #include "catalogue/Cles.h"
 #include "catalogue/Lignes.h"
 #include "catalogue/Medias.h"
@@ -80,6 +81,14 @@ bool ValiderCategorie(std::string_view media, std::string_view categorie)
     ligne.Edit();
     ligne.Poser("Categorie", TexteDeChamp(categorie, LongueurCategorie));
     return ligne.Update();
+}
+
+std::optional<CouleursMedia> ChangerCategorie(std::string_view media, std::string_view categorie)
+{
+    const uint32_t avant = CouleurCategorie(VerifierCategorie(media));
+    if (!ValiderCategorie(media, categorie))
+        return {};
+    return CouleursMedia{avant, CouleurCategorie(VerifierCategorie(media))};
 }
 
 int LireOngletPropriete()

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -36,14 +38,15 @@ struct ProprietesEntree {
 };
 ProprietesEntree LireProprietesEntree(const SujetPropriete& sujet);
 
-// The categories to choose from, as rows of the list; without its blanks each is the name.
-inline constexpr std::array<std::string_view, 5> CategoriesFixes = {
-    "Cd Audio                  ", "Cd Mp3                    ", "Cd Utilitaire             ",
-    "Cd Data                   ", "Cd Divx                   "};
-
 std::string VerifierCategorie(std::string_view media);
 // At most 50 characters; an empty one becomes a blank. False when nothing was written.
 bool ValiderCategorie(std::string_view media, std::string_view categorie);
+// The same, for who shows the media in the colour of its category: the colours that these have. None when nothing was
+// written.
+struct CouleursMedia {
+    uint32_t avant = 0, apres = 0;
+};
+std::optional<CouleursMedia> ChangerCategorie(std::string_view media, std::string_view categorie);
 
 // The tab last used, and its keeping.
 int LireOngletPropriete();

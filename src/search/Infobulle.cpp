@@ -18,11 +18,6 @@ constexpr qsizetype TexteMesure = 4000;
 
 }  // namespace
 
-QString EnBulle(const QString& texte)
-{
-    return Qt::mightBeRichText(texte) ? "<p style=\"white-space:pre\">" + texte.toHtmlEscaped() + "</p>" : texte;
-}
-
 Infobulle::Infobulle(QWidget* parent) : QFrame(parent), texte_(new QPlainTextEdit)
 {
     setObjectName("ToolTip");

@@ -5,9 +5,6 @@
 
 class QPlainTextEdit;
 
-// A text for an ordinary tip, which takes what looks like a mark-up for one: names of files may.
-QString EnBulle(const QString& texte);
-
 // The tip with a result's description. It lies in the window of its parent, goes after a while, and stays as long as
 // the mouse is on it, so that a long text can be read and scrolled.
 class Infobulle : public QFrame {

@@ -21,6 +21,7 @@
 
 #include "browser/ModeleListe.h"
 #include "fenetres/Etiquette.h"
+#include "fenetres/TextesQt.h"
 #include "search/EtatRecherche.h"
 #include "search/Infobulle.h"
 

@@ -9,6 +9,7 @@
 
 #include "commun/Consultation.h"
 #include "fenetres/StyleVisible.h"
+#include "menus/StyleMenus.h"
 
 namespace {
 
@@ -24,7 +25,7 @@ Application::Application(int& argc, char** argv) : QApplication(Preparer(argc), 
 {
     Q_INIT_RESOURCE(velourne);
     setlocale(LC_NUMERIC, "C");
-    setStyle(new StyleVisible);
+    setStyle(new StyleMenus(new StyleVisible));
     setApplicationName("velourne");
     setDesktopFileName("velourne");
     setWindowIcon(QIcon(":/images/velourne.svg"));

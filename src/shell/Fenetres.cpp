@@ -1,5 +1,8 @@
 #include "shell/Fenetres.h"
 
+#include <cstdlib>
+#include <optional>
+
 #include <QApplication>
 
 #include "audiocd/ChoixFenetres.h"
@@ -45,12 +48,13 @@ void Fenetres::CreerPrincipale()
 void Fenetres::CreerVue()
 {
     vue_ = std::make_unique<frmView>(dialogues_, choixLecteur_, travail_);
-    connect(vue_.get(), &frmView::ajoutVoulu, this, [this] { OuvrirAssistant(vue_.get()); });
+    connect(vue_.get(), &frmView::ajoutVoulu, this, [this](char lettre) { OuvrirAssistant(vue_.get(), lettre); });
     connect(vue_.get(), &frmView::rechercheVoulue, this, &Fenetres::OuvrirRecherche);
     connect(vue_.get(), &frmView::impressionVoulue, this, &Fenetres::OuvrirImpression);
     connect(vue_.get(), &frmView::preferencesVoulues, this, &Fenetres::OuvrirPreferences);
     connect(vue_.get(), &frmView::pretsVoulus, this, &Fenetres::OuvrirPrets);
     connect(vue_.get(), &frmView::proprietesVoulues, this, &Fenetres::OuvrirProprietes);
+    connect(vue_.get(), &frmView::categorieVoulue, this, &Fenetres::ChangerCategorie);
     connect(vue_.get(), &frmView::sortieVoulue, this, [this] { Quitter(vue_.get()); });
     connect(vue_.get(), &frmView::fermetureVoulue, this, &Fenetres::FermerVue);
     connect(vue_.get(), &frmView::chargement, this, [this](double part) {
@@ -95,7 +99,8 @@ void Fenetres::CreerAssistant()
     connect(assistant_.get(), &FrmSemiAuto::sortieVoulue, this, [this] { Quitter(assistant_.get()); });
 }
 
-void Fenetres::OuvrirAssistant(QWidget* depuis)
+// On the drive `voulue`, the remembered one for 0.
+void Fenetres::OuvrirAssistant(QWidget* depuis, char voulue)
 {
     courante_ = "FrmSemiAuto";
     depuisVue_ = depuis == vue_.get();
@@ -104,6 +109,8 @@ void Fenetres::OuvrirAssistant(QWidget* depuis)
     else
         CreerAssistant();
     assistantLaisse_ = false;
+    if (voulue)
+        assistant_->ConsulterLecteurs(voulue);
     assistant_->show();
     depuis->hide();
 }
@@ -199,6 +206,14 @@ void Fenetres::OuvrirProprietes(const std::string& cle, bool fichier, bool noeud
     fenetre.OffrirDescriptions([this, noeud] { vue_->Decrire(noeud); });
     connect(&fenetre, &FrmPropriete::couleursChangees, vue_.get(), &frmView::ChangerCouleurs);
     fenetre.exec();
+}
+
+void Fenetres::ChangerCategorie(const std::string& media, const std::string& categorie)
+{
+    travail_.Executer(Place::Commande, [this, media, categorie] {
+        if (const std::optional<CouleursMedia> couleurs = ::ChangerCategorie(media, categorie))
+            vue_->ChangerCouleurs({std::atoll(media.c_str())}, couleurs->avant, couleurs->apres);
+    });
 }
 
 void Fenetres::Revenir()

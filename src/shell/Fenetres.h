@@ -45,7 +45,7 @@ private:
     void CreerImpression();
 
     void CreerAssistant();
-    void OuvrirAssistant(QWidget* depuis);
+    void OuvrirAssistant(QWidget* depuis, char voulue = 0);
     void OuvrirVue(QWidget* depuis);
     void MontrerVue(QWidget* depuis);
     void OuvrirRecherche();
@@ -53,6 +53,7 @@ private:
     void OuvrirPreferences();
     void OuvrirPrets();
     void OuvrirProprietes(const std::string& cle, bool fichier, bool noeud);
+    void ChangerCategorie(const std::string& media, const std::string& categorie);
     void Atteindre(const struct ItemListe& resultat);
     void FermerAssistant();
     void FermerVue();

@@ -54,6 +54,8 @@ inline constexpr std::string_view CleBaseLocale = "BaseLocale";  // in "Freedb" 
 inline constexpr std::string_view CleProxy = "Proxy";
 inline constexpr std::string_view CleUserNameProxy = "UserNameProxy";
 inline constexpr std::string_view ClePassProxy = "PassProxy";
+inline constexpr std::string_view DebutCleBaseRecente = "BaseRecente";  // + Str(n), from 1: the last one first
+inline constexpr std::string_view ClePoliceDescription = "PoliceDescription";
 
 // Section "Descriptions"; its kinds of files stand in the tables of the preferences and of the dispatch.
 inline constexpr std::string_view CleIndex = "Index";

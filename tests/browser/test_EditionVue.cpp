@@ -401,15 +401,29 @@ TEST(Commandes, PermisesSelonLaSelection)
         Commande commande;
         const char *noeuds, *items;
     } cas[] = {
-        {Commande::CreerCatalogue, "0rmda", "0dfa"},  {Commande::DupliquerCatalogue, "rmda", "0dfa"},
-        {Commande::RetirerCatalogue, "mda", "0dfa"},  {Commande::AjouterMedia, "0rmda", "0dfa"},
-        {Commande::ModifierLabel, "mda", "0dfa"},     {Commande::ModifierIcone, "mda", "0dfa"},
-        {Commande::SupprimerMedia, "mda", "0dfa"},    {Commande::RenommerRepertoire, "d", "0dfa"},
-        {Commande::SupprimerRepertoire, "d", "0dfa"}, {Commande::RenommerArchive, "a", "0dfa"},
-        {Commande::SupprimerArchive, "a", "0dfa"},    {Commande::DecrireNoeud, "mda", "0dfa"},
-        {Commande::RechercherMedia, "mda", "0dfa"},   {Commande::RenommerItem, "0rmda", "dfa"},
-        {Commande::RetirerItem, "0rmda", "dfa"},      {Commande::DecrireItem, "0rmda", "dfa"},
-        {Commande::LancerFichier, "0rmda", "f"},      {Commande::OuvrirDossier, "0rmda", "df"},
+        {Commande::CreerCatalogue, "0rmda", "0dfa"},
+        {Commande::DupliquerCatalogue, "rmda", "0dfa"},
+        {Commande::RetirerCatalogue, "mda", "0dfa"},
+        {Commande::AjouterMedia, "0rmda", "0dfa"},
+        {Commande::ModifierLabel, "mda", "0dfa"},
+        {Commande::ModifierIcone, "mda", "0dfa"},
+        {Commande::SupprimerMedia, "mda", "0dfa"},
+        {Commande::RenommerRepertoire, "d", "0dfa"},
+        {Commande::SupprimerRepertoire, "d", "0dfa"},
+        {Commande::RenommerArchive, "a", "0dfa"},
+        {Commande::SupprimerArchive, "a", "0dfa"},
+        {Commande::DecrireNoeud, "mda", "0dfa"},
+        {Commande::RechercherMedia, "mda", "0dfa"},
+        {Commande::RenommerItem, "0rmda", "dfa"},
+        {Commande::RetirerItem, "0rmda", "dfa"},
+        {Commande::DecrireItem, "0rmda", "dfa"},
+        {Commande::LancerFichier, "0rmda", "f"},
+        {Commande::OuvrirDossier, "0rmda", "df"},
+        {Commande::CopierNoeud, "mda", "0dfa"},
+        {Commande::CopierItem, "0rmda", "dfa"},
+        {Commande::Monter, "mda", "0dfa"},
+        {Commande::CategorieMedia, "mda", "0dfa"},
+        {Commande::Reculer, "", ""},
     };
     for (const auto& [commande, noeuds, items] : cas)
         for (int n = 0; n < 5; ++n)
@@ -420,4 +434,6 @@ TEST(Commandes, PermisesSelonLaSelection)
                     << static_cast<int>(commande) << ' ' << n << ' ' << i;
             }
     EXPECT_FALSE(CommandePermise(Commande::RenommerItem, {NoeudChoisi::Media, ItemChoisi::Fichier, true}));
+    EXPECT_FALSE(CommandePermise(Commande::Actualiser, {NoeudChoisi::Aucun, ItemChoisi::Aucun, true}));
+    EXPECT_TRUE(CommandePermise(Commande::Reculer, {NoeudChoisi::Racine, ItemChoisi::Aucun, false, true}));
 }

@@ -207,7 +207,7 @@ TEST_F(Assistant, RemembersTheTab)
         ASSERT_GE(rangee->Nombre(), 2);
         EXPECT_EQ(menu_->Position('y'), *amovibles ? 0 : menu_->Nombre() - 1);
         EXPECT_EQ(menuA_->isVisible(), *amovibles != 0);
-        EXPECT_EQ(rangee->Onglet(0)->toolTip(), "<p>/</p>");
+        EXPECT_EQ(rangee->Onglet(0)->toolTip(), "/");
         const int dernier = rangee->Nombre() - 1;
         rangee->Onglet(dernier)->click();
         EXPECT_EQ(Reglage("Drive"), lettre + std::to_string(dernier));

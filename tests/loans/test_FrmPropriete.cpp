@@ -137,6 +137,21 @@ TEST_F(Proprietes, EachKindOfEntryHasItsTab)
     EXPECT_EQ(Valeur("Media3"), "1,50 Go");
 }
 
+// The browser's menu gives categories without this window.
+TEST_F(Proprietes, TheMenuOfTheBrowserGivesCategories)
+{
+    ASSERT_EQ(Couleur(1), "#0000ff");
+    const std::tuple<const char*, const char*, const char*> cas[] = {
+        {"Cd Data", "Cd Data", ""}, {"Cd Mp3", "Cd Mp3", "#0000ff"}, {"", " ", ""}};
+    for (const auto& [voulue, stockee, couleur] : cas) {
+        emit vue_->categorieVoulue("2", voulue);
+        Calme();
+        EXPECT_EQ(Un("select Categorie from Catalogue where Num = 2"), stockee);
+        EXPECT_EQ(Couleur(1), couleur) << voulue;
+    }
+    EXPECT_EQ(Un("select Categorie from Catalogue where Num = 1"), "Cd Mp3");
+}
+
 TEST_F(Proprietes, ALoanGoesToTheOneTypedOrChosen)
 {
     struct Cas {

@@ -20,6 +20,7 @@
 #include <QTreeView>
 
 #include "browser/frmView.h"
+#include "fenetres/TextesQt.h"
 #include "outils/Fenetres.h"
 #include "outils/LignesTest.h"
 #include "search/Infobulle.h"
@@ -213,7 +214,7 @@ TEST_F(FenetreRecherche, MontreOuSontLesResultats)
     QHelpEvent survol(QEvent::ToolTip, Place(0), resultats_->viewport()->mapToGlobal(Place(0)));
     QApplication::sendEvent(resultats_->viewport(), &survol);
     EXPECT_EQ(QToolTip::text(), "fond.txt\nDisque\\un\\deux\\trois");
-    EXPECT_EQ(EnBulle("<b>a</b>"), "<p style=\"white-space:pre\">&lt;b&gt;a&lt;/b&gt;</p>");
+    EXPECT_EQ(EnBulle(QString("<b>a</b>")), "<p style=\"white-space:pre\">&lt;b&gt;a&lt;/b&gt;</p>");
 
     const auto largeur = [this] { return resultats_->header()->length(); };
     EXPECT_EQ(largeur(), resultats_->viewport()->width()) << "no width is lost";

@@ -9,6 +9,7 @@
 #include "outils/Environnement.h"
 #include "outils/Fenetres.h"
 #include "outils/Reponses.h"
+#include "platform/Lecteurs.h"
 #include "platform/OperationsFichiers.h"
 #include "shell/Fenetres.h"
 #include "store/CycleBase.h"
@@ -167,6 +168,16 @@ TEST_F(Depart, GoesToTheWizardAndTheBrowserAndBack)
     EXPECT_FALSE(vue->isVisible());
     Fermer(Fenetre<FrmSemiAuto>());
     EXPECT_TRUE(vue->isVisible()) << "the wizard goes back to where it came from";
+
+    Ecrire(travail_ / "lu" / "seul.txt", "");
+    DonnerLettre('t', (travail_ / "lu").string());
+    emit vue->ajoutVoulu('t');
+    auto* assistant = Fenetre<FrmSemiAuto>();
+    EXPECT_TRUE(Attendre([&] { return !assistant->EnConsultation(); }));
+    const auto* contenu = Enfant<QListWidget>(*assistant, "Liste");
+    ASSERT_EQ(contenu->count(), 1) << "on the drive that was asked for";
+    EXPECT_EQ(contenu->item(0)->text(), "seul.txt");
+    Fermer(assistant);
     Fermer(vue);
     EXPECT_TRUE(fenetre_->isVisible());
     EXPECT_FALSE(vue->isVisible());
