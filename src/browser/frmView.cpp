@@ -4,7 +4,6 @@
 #include <utility>
 #include <vector>
 
-#include <QActionGroup>
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
@@ -22,19 +21,17 @@
 #include "browser/ChargerArbre.h"
 #include "browser/CommandesBase.h"
 #include "browser/OuvrirFichier.h"
+#include "browser/ReglagesVue.h"
 #include "browser/VersAilleurs.h"
 #include "browser/VueArbre.h"
 #include "catalogue/Cles.h"
 #include "catalogue/OuvrirBase.h"
 #include "commun/Formes.h"
-#include "fenetres/DelegueGrille.h"
 #include "fenetres/Etiquette.h"
 #include "fenetres/Place.h"
-#include "fenetres/PoliceEgale.h"
 #include "fenetres/TexteLong.h"
 #include "fenetres/TextesQt.h"
 #include "fenetres/TravailFenetre.h"
-#include "menus/StyleMenus.h"
 #include "platform/Bureau.h"
 #include "platform/Chemins.h"
 #include "store/ClesReglages.h"
@@ -42,11 +39,6 @@
 #include "store/Reglages.h"
 
 namespace {
-
-std::string CleColonne(int colonne)
-{
-    return std::string(DebutCleLargeur) + std::to_string(colonne + 1);
-}
 
 // Selects a media that was just read. False when there is none, or it is not in the tree.
 bool SelectionnerMedia(Navigateur& navigateur, int64_t media)
@@ -87,7 +79,7 @@ frmView::frmView(Dialogues& dialogues, ChoixLecteur& choixLecteur, Travail& trav
     Relier();
     RelierMenus();
     PlacerFenetrePrincipale(*this);
-    LireReglages();
+    LireReglagesVue(*this, panneaux_, actions_, tri_);
     Activer();
     panneaux_.arbre->setFocus();
 }
@@ -168,46 +160,14 @@ void frmView::RelierMenus()
     menus_.Relier(panneaux_, navigateur_, [this] { Activer(); });
 }
 
-void frmView::LireReglages()
-{
-    const int gauche = LirePixels(SectionSettings, ClePicSplitterLeft, 333);
-    panneaux_.vertical->setSizes({gauche, std::max(width() - gauche, 100)});
-    const int haut = LirePixels(SectionSettings, ClePicSplitterTop, height() * 2 / 3);
-    panneaux_.horizontal->setSizes({haut, std::max(height() - haut, 60)});
-
-    QHeaderView* entete = panneaux_.rapport->header();
-    for (int i = 0; i < NombreColonnes; ++i)
-        entete->resizeSection(i, LirePixels(SectionLvListView, CleColonne(i), entete->sectionSize(i)));
-    if (!GetSetting(SectionLvListView, CleColonne(ColType), "").empty())
-        panneaux_.GarderLargeurTypes();
-    tri_.colonne = GetSettingEntier(SectionLvListView, CleSortKey, ColTaille, NombreColonnes - 1);
-    tri_.decroissant = GetSettingEntier(SectionLvListView, CleSortOrder, 0, 1) == 1;
-    entete->setSortIndicator(tri_.colonne, tri_.decroissant ? Qt::DescendingOrder : Qt::AscendingOrder);
-
-    const int mode = GetSettingEntier(SectionSettings, CleView, Rapport, Rapport);
-    actions_.Affichages()->actions().at(mode)->setChecked(true);
-    panneaux_.Afficher(mode);
-    RelireOptions();
-}
-
-// Neither grid nor gradient show before their switches were touched, although the preferences show them as on: kept,
-// particularité 2.
 void frmView::RelireOptions()
 {
-    DegraderMenus(GetSettingNombre(SectionSettings, CleOptionsDivers[1], 0) != 0);
-    panneaux_.description->setFont(
-        PoliceEgale(panneaux_.rapport->font(), EnQString(GetSetting(SectionSettings, ClePoliceDescription, ""))));
-    panneaux_.grille->Montrer(GetSettingNombre(SectionSettings, CleOptionsDivers[0], 0) != 0);
-    panneaux_.rapport->viewport()->update();
+    RelireOptionsVue(panneaux_);
 }
 
 void frmView::Memoriser()
 {
-    EnregistrerPlacePrincipale(*this);
-    for (int i = 0; i < NombreColonnes; ++i)
-        EcrirePixels(SectionLvListView, CleColonne(i), panneaux_.rapport->header()->sectionSize(i));
-    const auto mode = actions_.Affichages()->actions().indexOf(actions_.Affichages()->checkedAction());
-    SaveSetting(SectionSettings, CleViewMode, std::to_string(mode));
+    EnregistrerReglagesVue(*this, panneaux_, actions_);
 }
 
 void frmView::MontrerBase()
@@ -634,12 +594,9 @@ void frmView::ChoisirAffichage(int mode)
     panneaux_.Afficher(mode);
 }
 
-// The order kept for the next start is the one before the click turns it round: kept, particularité 3.
 void frmView::TrierColonne(int colonne)
 {
-    SaveSetting(SectionLvListView, CleSortKey, std::to_string(colonne));
-    SaveSetting(SectionLvListView, CleSortOrder, tri_.decroissant ? "1" : "0");
-    tri_ = {colonne, !tri_.decroissant};
+    ChangerTri(tri_, colonne);
     panneaux_.rapport->header()->setSortIndicator(colonne, tri_.decroissant ? Qt::DescendingOrder : Qt::AscendingOrder);
     const auto ordre = std::make_shared<ListeFichiers::Ordre>();
     travail_.Demander(

@@ -91,7 +91,6 @@ protected:
 private:
     void Relier();
     void RelierMenus();
-    void LireReglages();
 
     void Executer(Commande commande);
     void Editer(Commande commande);
