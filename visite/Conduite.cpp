@@ -16,8 +16,6 @@
 
 namespace {
 
-constexpr int Patience = 60;  // seconds
-
 QWidget* Devant()
 {
     for (QWidget* fenetre : {QApplication::activeModalWidget(), QApplication::activeWindow()})
@@ -113,7 +111,7 @@ void Conduite::Presser(Qt::Key touche, Qt::KeyboardModifiers avec)
 
 bool Conduite::Attendre(const std::function<bool()>& condition)
 {
-    const QDeadlineTimer delai(Patience * 1000);
+    const QDeadlineTimer delai(Patience);
     while (!condition()) {
         if (delai.hasExpired())
             return false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 
 #include <QPoint>
@@ -15,6 +16,8 @@ class QModelIndex;
 // it must lead to, and a picture is kept of it.
 class Conduite {
 public:
+    static constexpr std::chrono::seconds Patience{60};  // with any one step
+
     // Pictures go into the folder.
     explicit Conduite(QString images);
 

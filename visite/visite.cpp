@@ -53,12 +53,19 @@ public:
           archive_(fs::relative(archive, depot)),
           main_(QString::fromStdString(images.string()))
     {
-        QObject::connect(&fenetres_, &Fenetres::terminee, &fenetres_, [this] { terminee_ = true; });
     }
 
-    void Faire()
+    // The program's own loop runs below the visit, and ends as the program does.
+    int Faire()
     {
-        main_.Etape("depart", [this] { fenetres_.Demarrer(); }, [] { return Fenetre<FrmMain>() != nullptr; });
+        QTimer::singleShot(0, &fenetres_, [this] { Visiter(); });
+        return Application::Mener(fenetres_);
+    }
+
+private:
+    void Visiter()
+    {
+        main_.Etape("depart", [] {}, [] { return Fenetre<FrmMain>() != nullptr; });
         Cataloguer();
         Parcourir();
         Rechercher();
@@ -70,16 +77,13 @@ public:
                                           {"preferences", "Menu 4"}})
             Regarder(nom, action);
         Lister();
-        main_.Etape(
-            "fin",
-            [this] {
-                main_.AuProchainDialogue("quitter", [](QWidget&) { Conduite::Presser(Qt::Key_Return); });
-                Conduite::Presser(Qt::Key_Q, Qt::ControlModifier);
-            },
-            [this] { return terminee_; });
+        main_.AuProchainDialogue("quitter", [](QWidget&) {
+            Conduite::Presser(Qt::Key_Return);
+            QTimer::singleShot(Conduite::Patience, [] { Conduite::Echouer("fin"); });
+        });
+        Conduite::Presser(Qt::Key_Q, Qt::ControlModifier);
     }
 
-private:
     void Cataloguer()
     {
         main_.Etape(
@@ -199,7 +203,6 @@ private:
     fs::path archive_;  // from the top of the folder
     BoitesDialogue dialogues_;
     Fenetres fenetres_{dialogues_};
-    bool terminee_ = false;
     Conduite main_;
 };
 
@@ -236,8 +239,7 @@ int Executer(int argc, char** argv)
     Application application(argc, argv);
     if (sombre)
         QApplication::setPalette(Sombre());
-    Visite(dossier, archive, sortie).Faire();
-    return 0;
+    return Visite(dossier, archive, sortie).Faire();
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "commun/Consultation.h"
 #include "fenetres/StyleVisible.h"
 #include "menus/StyleMenus.h"
+#include "shell/Fenetres.h"
 
 namespace {
 
@@ -33,6 +34,14 @@ Application::Application(int& argc, char** argv) : QApplication(Preparer(argc), 
     if (francais_.load(QLocale(QLocale::French), "qtbase", "_", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         installTranslator(&francais_);
     installEventFilter(&gardien_);
+}
+
+int Application::Mener(Fenetres& fenetres)
+{
+    // The windows have had their say: `quit` would ask each of them once more.
+    connect(&fenetres, &Fenetres::terminee, qApp, [] { exit(); }, Qt::QueuedConnection);
+    fenetres.Demarrer();
+    return exec();
 }
 
 void Application::Finir(int code)

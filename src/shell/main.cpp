@@ -17,9 +17,7 @@ int Executer(int argc, char** argv)
     }
 
     Fenetres fenetres(dialogues);
-    QObject::connect(&fenetres, &Fenetres::terminee, &application, &QCoreApplication::quit, Qt::QueuedConnection);
-    fenetres.Demarrer();
-    return QApplication::exec();
+    return Application::Mener(fenetres);
 }
 
 }  // namespace
