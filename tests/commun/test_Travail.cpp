@@ -155,6 +155,8 @@ TEST(Consultation, SeuleLaDerniereReponseCompte)
         consultation.Attendre();
         consultation.Demander([fermee](const std::stop_token&) { fermee->Passer({}); }, [&] { journal += "d"; });
     }
+    EXPECT_FALSE(AttendreConsultations(std::chrono::milliseconds(1))) << "three hang, though nobody waits for them";
     fermee->Ouvrir();
     EXPECT_EQ(journal, "b");
+    EXPECT_TRUE(AttendreConsultations(std::chrono::seconds(10)));
 }
