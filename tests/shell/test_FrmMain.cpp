@@ -6,11 +6,13 @@
 #include "extraction/FrmSemiAuto.h"
 #include "fenetres/GardienEcran.h"
 #include "fenetres/StyleVisible.h"
+#include "listings/frmImpression.h"
 #include "outils/Environnement.h"
 #include "outils/Fenetres.h"
 #include "outils/Reponses.h"
 #include "platform/Lecteurs.h"
 #include "platform/OperationsFichiers.h"
+#include "search/frmRecherche.h"
 #include "shell/Fenetres.h"
 #include "store/CycleBase.h"
 #include "store/Reglages.h"
@@ -130,6 +132,55 @@ TEST_F(Depart, KeysOfTheStartWindow)
     QTest::keyClick(Bouton("Visualiser"), Qt::Key_Return);
     Calme();
     EXPECT_EQ(fenetres_->FormeCourante(), "FrmView");
+}
+
+// Whatever window is in front when the user quits, its place is kept; one that fills the screen keeps the places it had.
+TEST_F(Depart, EveryWayOutKeepsThePlace)
+{
+    reponse_.oui = true;
+    const auto vue = [this] {
+        Presser("Visualiser");
+        return Fenetre<frmView>();
+    };
+    const struct {
+        const char* cle;
+        std::function<QWidget*()> devant;
+    } cas[] = {{"LeftMain", [this] { return fenetre_; }},
+               {"LeftExtract",
+                [this] {
+                    Presser("Extraire");
+                    return Fenetre<FrmSemiAuto>();
+                }},
+               {"MainLeft", vue},
+               {"MainLeft",
+                [&] {
+                    emit vue()->rechercheVoulue();
+                    return Fenetre<frmRecherche>();
+                }},
+               {"MainLeft", [&] {
+                    emit vue()->impressionVoulue();
+                    return Fenetre<frmImpression>();
+                }}};
+    int gauche = 20;
+    for (const auto& [cle, devant] : cas) {
+        for (const bool pleine : {false, true}) {
+            Ouvrir();
+            QWidget* fenetre = devant();
+            ASSERT_TRUE(fenetre && fenetre->isVisible());
+            const bool remplir = pleine && cle == std::string("MainLeft");
+            fenetre->setWindowState(remplir ? Qt::WindowMaximized : Qt::WindowNoState);
+            if (!remplir)
+                fenetre->move(++gauche, 30);
+            fins_ = 0;
+            fenetre->activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(fenetre));
+            QTest::keyClick(fenetre, Qt::Key_Q, Qt::ControlModifier);
+            Calme();
+            EXPECT_EQ(fins_, 1);
+            EXPECT_EQ(GetSetting(SectionSettings, cle, ""), std::to_string(gauche * 15)) << cle << pleine;
+        }
+    }
+    EXPECT_EQ(GetSetting(SectionSettings, "MainState", ""), "2");
 }
 
 // Where a window stands and how large it is, on a screen of 800 x 800.
