@@ -47,8 +47,8 @@ constexpr TexteCommande Textes[NombreCommandes] = {
     {"Fichier1 1", "&Ouvrir l'explorateur windows", "folder-open", "repertoire-ouvert", nullptr, nullptr},
     {"Menu 3", "&Rechercher", nullptr, "rechercher", "Ctrl+F", " Rechercher des informations "},
     {"Prets", "&Gestion des prêts", nullptr, "prets", "Ctrl+G", nullptr},
-    {"PropRepert", "P&ropriétés", "document-properties", "proprietes", "Alt+Return", nullptr},
-    {"PropFile", "&Propriétés", "document-properties", "proprietes", nullptr, nullptr},
+    {"PropRepert", "P&ropriétés", "document-properties", "proprietes", "Alt+Return", nullptr, true},
+    {"PropFile", "&Propriétés", "document-properties", "proprietes", "Alt+Return", nullptr, true},
     {"Imprimer", "&Imprimer un listing", nullptr, "imprimer", "Ctrl+P", " Imprimer un listing "},
     {"Menu 4", "&Préférences", nullptr, "preferences", "Ctrl+,", " Préférences "},
     {"Menu 5", "&Aide", nullptr, "aide", "F1", " Aide "},
@@ -72,6 +72,7 @@ struct ToucheVue {
     Qt::Key touche;
     bool liste;
     Commande commande;
+    bool alt = false;
 };
 constexpr ToucheVue Touches[] = {
     {Qt::Key_F2, true, Commande::RenommerItem},          {Qt::Key_F2, false, Commande::RenommerRepertoire},
@@ -80,6 +81,8 @@ constexpr ToucheVue Touches[] = {
     {Qt::Key_Delete, false, Commande::SupprimerArchive}, {Qt::Key_Delete, false, Commande::SupprimerMedia},
     {Qt::Key_Copy, true, Commande::CopierItem},          {Qt::Key_Copy, false, Commande::CopierNoeud},
     {Qt::Key_Backspace, true, Commande::Monter},         {Qt::Key_Backspace, false, Commande::Monter},
+    {Qt::Key_Return, true, Commande::ProprietesItem, true},
+    {Qt::Key_Return, false, Commande::ProprietesNoeud, true},
 };
 
 QIcon Image(const char* theme, const QString& image)
@@ -133,9 +136,10 @@ void ActionsVue::Activer(const ContexteCommandes& contexte)
 bool ActionsVue::Toucher(const QKeyEvent& evenement, bool liste) const
 {
     const int touche = evenement.matches(QKeySequence::Copy) ? int{Qt::Key_Copy} : evenement.key();
+    const bool alt = evenement.modifiers().testFlag(Qt::AltModifier);
     bool connue = false;
     for (const ToucheVue& prevue : Touches) {
-        if (prevue.touche != touche || prevue.liste != liste)
+        if (prevue.touche != touche || prevue.liste != liste || prevue.alt != alt)
             continue;
         connue = true;
         if (QAction* action = (*this)[prevue.commande]; action->isEnabled()) {

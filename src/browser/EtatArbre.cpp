@@ -40,13 +40,20 @@ bool ReprendreEtat(Navigateur& navigateur, const EtatArbre& etat, IconesExtensio
         return false;
     std::unordered_set<std::string> lus;
     std::unordered_map<std::string_view, std::string_view> parents;
+    // Nodes that a click had added below this one.
+    const auto lire = [&](const std::string& cle) {
+        if (arret.stop_requested() || arbre.Chercher(cle) == ArbreCatalogue::Aucun || !lus.insert(cle).second)
+            return;
+        std::atomic<double> part;
+        AjouterNoeuds(arbre, LectureListeFichiers(cle, icones, {}, arret, part));
+    };
     for (const EtatArbre::Noeud& noeud : etat.noeuds) {
         parents.emplace(noeud.cle, noeud.cleParent);
-        if (arret.stop_requested() || arbre.Chercher(noeud.cle) != ArbreCatalogue::Aucun ||
-            arbre.Chercher(noeud.cleParent) == ArbreCatalogue::Aucun || !lus.insert(noeud.cleParent).second)
-            continue;
-        std::atomic<double> part;
-        AjouterNoeuds(arbre, LectureListeFichiers(noeud.cleParent, icones, {}, arret, part));
+        if (arbre.Chercher(noeud.cle) == ArbreCatalogue::Aucun)
+            lire(noeud.cleParent);
+        const int32_t place = noeud.ouvert ? arbre.Chercher(noeud.cle) : ArbreCatalogue::Aucun;
+        if (place != ArbreCatalogue::Aucun && arbre[place].enfants == 0)
+            lire(noeud.cle);
     }
     std::string_view cle = etat.selection;
     while (!cle.empty() && arbre.Chercher(cle) == ArbreCatalogue::Aucun)

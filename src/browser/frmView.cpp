@@ -721,7 +721,8 @@ bool frmView::eventFilter(QObject* objet, QEvent* evenement)
 bool frmView::Touche(QObject* vue, const QKeyEvent& evenement)
 {
     const bool liste = vue != panneaux_.arbre;
-    if (liste && (evenement.key() == Qt::Key_Return || evenement.key() == Qt::Key_Enter)) {
+    if (liste && (evenement.key() == Qt::Key_Return || evenement.key() == Qt::Key_Enter) &&
+        !evenement.modifiers().testFlag(Qt::AltModifier)) {
         OuvrirItem();
         return true;
     }

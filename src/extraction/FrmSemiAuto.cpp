@@ -124,8 +124,7 @@ void FrmSemiAuto::Relier()
         emit catalogueVoulu();
     });
     connect(new QShortcut(QKeySequence("Ctrl+Q"), this), &QShortcut::activated, this, [this] {
-        if (!EnCours())
-            emit sortieVoulue();
+        EnCours() ? Echapper() : emit sortieVoulue();
     });
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &FrmSemiAuto::Echapper);
     suivi_.setInterval(50);

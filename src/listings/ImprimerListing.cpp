@@ -34,12 +34,17 @@ QFont PoliceFixe(const QPrinter& imprimante)
 
 }  // namespace
 
+QString PageListing(const ApercuListing& contenu)
+{
+    return EnLignes(contenu.texte).replace("<td width='100%'>", "<td>");
+}
+
 bool ImprimerListing(QPrinter& imprimante, FormatListing format, const ApercuListing& contenu)
 {
     Document document;
     document.setUndoRedoEnabled(false);
     if (format == FormatListing::HTML) {
-        document.setHtml(EnLignes(contenu.texte));
+        document.setHtml(PageListing(contenu));
     } else {
         document.setDefaultFont(PoliceFixe(imprimante));
         document.setPlainText(EnLignes(contenu.texte));

@@ -1,8 +1,14 @@
 #pragma once
 
+#include <QString>
+
 #include "listings/Listing.h"
 
 class QPrinter;
+
+// An HTML listing as Qt's rich text shows it best: a row of the table has one cell as wide as the whole, which would leave
+// no room to the other columns.
+QString PageListing(const ApercuListing& contenu);
 
 // Puts a listing on paper or into a PDF file, as the printer is set; the columns of a text listing stay in line. False
 // when the printer does not take it. On the worker: the text may be long.

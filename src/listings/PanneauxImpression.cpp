@@ -17,6 +17,7 @@
 #include <QVBoxLayout>
 
 #include "fenetres/TextesQt.h"
+#include "listings/ImprimerListing.h"
 
 namespace {
 
@@ -165,12 +166,11 @@ void PanneauxImpression::CreerStatut(QMainWindow& fenetre)
 void PanneauxImpression::Montrer(FormatListing format, const ApercuListing& contenu)
 {
     Vider();
-    const QString lignes = EnLignes(contenu.texte);
     if (format == FormatListing::HTML) {
-        page->setHtml(lignes);
+        page->setHtml(PageListing(contenu));
         apercu->setCurrentWidget(page);
     } else {
-        texte->setPlainText(lignes);
+        texte->setPlainText(EnLignes(contenu.texte));
     }
     avis->setText("Seul le début du listing est montré ici.");
     avis->setVisible(!contenu.entier);

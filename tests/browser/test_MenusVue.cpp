@@ -245,6 +245,12 @@ TEST_F(TestMenus, LesTouchesDesVuesEtLaFrappe)
     // What is selected elsewhere does not count: the key belongs to the view that has it.
     Choisir(Arbre(), "Média");
     Choisir(Rapport(), "net.txt");
+    QSignalSpy proprietes(vue_.get(), &frmView::proprietesVoulues);
+    Touche(Rapport(), Qt::Key_Return, Qt::AltModifier);
+    Touche(Arbre(), Qt::Key_Return, Qt::AltModifier);
+    ASSERT_EQ(proprietes.size(), 2);
+    EXPECT_TRUE(proprietes[0][1].toBool() && !proprietes[0][2].toBool()) << "of the file";
+    EXPECT_TRUE(proprietes[1][2].toBool()) << "of the media";
     dialogues_.oui = false;
     Touche(Rapport(), Qt::Key_Delete);
     EXPECT_EQ(dialogues_.dites.back(), "Voulez-vous réellement retirer 'net.txt' du catalogue ?");

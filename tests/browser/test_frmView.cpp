@@ -346,6 +346,11 @@ TEST_F(TestVue, GardeCeQuiEstOuvertDUnChargementALAutre)
         EXPECT_EQ(vue_->focusWidget(), focus);
     }
 
+    Cliquer(Arbre(), Noeud("Média"));
+    Recharger();
+    EXPECT_TRUE(Arbre()->isExpanded(Noeud("sous")) && Noeud("fond").isValid()) << "though nothing below is selected";
+    Cliquer(Arbre(), Noeud("sous"));
+
     Brut(BaseCourante(), "update Catalogue set Tree = '#a' where Num = 1; delete from Liste where Nom = 'sous'");
     Recharger();
     EXPECT_EQ(Arbre()->currentIndex().data().toString(), "Média") << "the nearest one that is left";
