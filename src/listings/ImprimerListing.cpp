@@ -5,6 +5,7 @@
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QPrinter>
+#include <QRegularExpression>
 #include <QTextDocument>
 #include <QVariant>
 
@@ -36,7 +37,11 @@ QFont PoliceFixe(const QPrinter& imprimante)
 
 QString PageListing(const ApercuListing& contenu)
 {
-    return EnLignes(contenu.texte).replace("<td width='100%'>", "<td>");
+    static const QRegularExpression largeurs("<td width='(5|10|12|15|25|35|100)%'");
+    return EnLignes(contenu.texte)
+        .replace(largeurs, "<td")
+        .replace("<table border='0' cellspacing='0' cellpadding='0'>",
+                 "<table width='100%' border='0' cellspacing='0' cellpadding='2'>");
 }
 
 bool ImprimerListing(QPrinter& imprimante, FormatListing format, const ApercuListing& contenu)

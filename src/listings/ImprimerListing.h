@@ -6,8 +6,8 @@
 
 class QPrinter;
 
-// An HTML listing as Qt's rich text shows it best: a row of the table has one cell as wide as the whole, which would leave
-// no room to the other columns.
+// An HTML listing as Qt's rich text shows it best. The columns of its files add up to more than the whole, and one cell
+// asks for all of it: without their widths each gets the room that it needs.
 QString PageListing(const ApercuListing& contenu);
 
 // Puts a listing on paper or into a PDF file, as the printer is set; the columns of a text listing stay in line. False

@@ -107,7 +107,7 @@ QWidget* PanneauxImpression::CreerBoutons()
     ouvrir = CreerBouton("Ouvrir", "Ou&vrir", " Ouvrir le listing avec le programme du bureau ");
     imprimer = CreerBouton("Imprimer", "&Imprimer ...", " Imprimer le listing ");
     pdf = CreerBouton("PDF", "PD&F ...", " Enregistrer le listing dans un fichier PDF ");
-    catalogue = CreerBouton("Catalogue", "Ca&talogue", " Revenir au catalogue ");
+    catalogue = CreerBouton("Catalogue", "C&atalogue", " Revenir au catalogue ");
     auto* cadre = new QWidget;
     auto* colonne = new QVBoxLayout(cadre);
     colonne->setContentsMargins(0, 0, 0, 0);

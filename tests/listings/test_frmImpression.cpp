@@ -63,6 +63,8 @@ protected:
 TEST_F(FenetreImpression, WritesAndShowsEachFormat)
 {
     EXPECT_TRUE(fenetre_->isVisible());
+    QStringList touches = TouchesDirectes(*fenetre_);
+    EXPECT_EQ(touches.removeDuplicates(), 0) << touches.join(' ').toStdString();
     EXPECT_FALSE(vue_->isVisible());
     EXPECT_EQ(Le<QComboBox>("LMedias")->count(), 2);
     EXPECT_FALSE(Le<QPushButton>("Ouvrir")->isEnabled());
