@@ -293,17 +293,23 @@ TEST_F(Assistant, KeyboardAlone)
 
     Remplir(2000);
     Saisir("CD 1", "Vacances");
-    const auto echapper = [this] {
+    const auto presser = [this](const QKeySequence& touche) {
         for (auto* raccourci : fenetre_->findChildren<QShortcut*>())
-            if (raccourci->key() == QKeySequence(Qt::Key_Escape))
+            if (raccourci->key() == touche)
                 emit raccourci->activated();
     };
+    const auto echapper = [&] { presser(Qt::Key_Escape); };
     QApplication::sendEvent(ok_, &entree);
     EXPECT_TRUE(fenetre_->EnCours());
     QApplication::sendEvent(ok_, &repetee);
     EXPECT_TRUE(questions_.dites.empty()) << "held down";
-    echapper();
+    questions_.oui = false;
+    presser(QKeySequence("Ctrl+Q"));
     EXPECT_EQ(questions_.pertes, 1U);
+    EXPECT_TRUE(fenetre_->EnCours());
+    questions_.oui = true;
+    echapper();
+    EXPECT_EQ(questions_.pertes, 2U);
     ASSERT_TRUE(Attendre([&] { return !fenetre_->EnCours(); }));
     EXPECT_EQ(fermetures_, 0);
     EXPECT_EQ(Compter(Medias), 0);
