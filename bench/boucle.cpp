@@ -22,6 +22,7 @@
 #include <QTreeView>
 
 #include "browser/FrmDescription.h"
+#include "Fenetre.h"
 #include "browser/frmView.h"
 #include "platform/Chemins.h"
 #include "search/frmRecherche.h"
@@ -71,15 +72,6 @@ void Mesurer(const char* etape, const Travail& travail, const std::function<void
 {
     Mesurer(
         etape, [&travail] { return travail.EnCours(); }, agir);
-}
-
-template <typename Classe>
-Classe* Fenetre()
-{
-    for (QWidget* fenetre : QApplication::topLevelWidgets())
-        if (auto* trouvee = qobject_cast<Classe*>(fenetre))
-            return trouvee;
-    return nullptr;
 }
 
 void ParcourirTout(const std::string& base)

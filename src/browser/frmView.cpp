@@ -31,6 +31,7 @@
 #include "fenetres/Place.h"
 #include "fenetres/TexteLong.h"
 #include "fenetres/TextesQt.h"
+#include "fenetres/Touches.h"
 #include "fenetres/TravailFenetre.h"
 #include "platform/Bureau.h"
 #include "platform/Chemins.h"
@@ -721,8 +722,7 @@ bool frmView::eventFilter(QObject* objet, QEvent* evenement)
 bool frmView::Touche(QObject* vue, const QKeyEvent& evenement)
 {
     const bool liste = vue != panneaux_.arbre;
-    if (liste && (evenement.key() == Qt::Key_Return || evenement.key() == Qt::Key_Enter) &&
-        !evenement.modifiers().testFlag(Qt::AltModifier)) {
+    if (liste && EstEntree(evenement.key()) && !evenement.modifiers().testFlag(Qt::AltModifier)) {
         OuvrirItem();
         return true;
     }

@@ -11,6 +11,7 @@
 #include <QToolButton>
 
 #include "fenetres/TextesQt.h"
+#include "fenetres/Touches.h"
 
 namespace {
 
@@ -157,8 +158,7 @@ bool RangeeOnglets::eventFilter(QObject* objet, QEvent* evenement)
     if (evenement->type() == QEvent::FocusIn)
         zone_->ensureWidgetVisible(static_cast<QWidget*>(objet));
     if (evenement->type() == QEvent::KeyPress) {
-        const int touche = static_cast<QKeyEvent*>(evenement)->key();
-        if (touche == Qt::Key_Return || touche == Qt::Key_Enter) {
+        if (EstEntree(static_cast<QKeyEvent*>(evenement)->key())) {
             static_cast<QToolButton*>(objet)->click();
             return true;
         }

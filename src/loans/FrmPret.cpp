@@ -11,6 +11,7 @@
 #include <QStyle>
 
 #include "fenetres/TextesQt.h"
+#include "fenetres/Touches.h"
 
 namespace {
 
@@ -205,7 +206,7 @@ bool FrmPret::eventFilter(QObject* objet, QEvent* evenement)
     if (evenement->type() != QEvent::KeyPress)
         return DialogueBase::eventFilter(objet, evenement);
     const int touche = static_cast<QKeyEvent*>(evenement)->key();
-    if (touche != Qt::Key_Return && touche != Qt::Key_Enter)
+    if (!EstEntree(touche))
         return DialogueBase::eventFilter(objet, evenement);
     if (objet != personnes_ && objet != prets_)
         MajPersonne();

@@ -23,6 +23,7 @@
 #include "fenetres/IconeMedia.h"
 #include "fenetres/ImagesLecteur.h"
 #include "fenetres/TextesQt.h"
+#include "fenetres/Touches.h"
 #include "loans/ChoixCouleur.h"
 #include "platform/Lecteurs.h"
 #include "platform/OperationsFichiers.h"
@@ -291,7 +292,7 @@ bool FrmPropriete::eventFilter(QObject* objet, QEvent* evenement)
         liste->currentItem()->setSelected(true);
         return true;
     }
-    if (touche != Qt::Key_Return && touche != Qt::Key_Enter)
+    if (!EstEntree(touche))
         return DialogueBase::eventFilter(objet, evenement);
     if (objet == panneaux_.pret || objet == panneaux_.pret->lineEdit())
         ValiderPret();

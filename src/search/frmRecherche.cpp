@@ -26,6 +26,7 @@
 #include "commun/Formes.h"
 #include "fenetres/Place.h"
 #include "fenetres/TextesQt.h"
+#include "fenetres/Touches.h"
 #include "search/Arborescence.h"
 #include "search/Infobulle.h"
 #include "search/RechercheLabel.h"
@@ -624,7 +625,7 @@ bool frmRecherche::MontrerLieu(const QPoint& place)
 bool frmRecherche::Touche(QObject* objet, int touche)
 {
     auto* boite = qobject_cast<QLineEdit*>(objet);
-    if (!boite && (touche == Qt::Key_Return || touche == Qt::Key_Enter)) {
+    if (!boite && EstEntree(touche)) {
         objet == panneaux_.lvListView ? lvListView_DblClick() : Rechercher();
         return true;
     }

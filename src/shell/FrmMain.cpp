@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "fenetres/Place.h"
+#include "fenetres/Touches.h"
 #include "store/ClesReglages.h"
 
 namespace {
@@ -94,7 +95,7 @@ void FrmMain::keyPressEvent(QKeyEvent* evenement)
     auto* bouton = qobject_cast<QToolButton*>(focusWidget());
     if (evenement->key() == Qt::Key_Escape)
         close();
-    else if (bouton && (evenement->key() == Qt::Key_Return || evenement->key() == Qt::Key_Enter))
+    else if (bouton && EstEntree(evenement->key()))
         bouton->click();
     else
         QWidget::keyPressEvent(evenement);

@@ -4,6 +4,7 @@
 
 #include <QtWidgets>
 
+#include "Fenetre.h"
 #include "commun/Travail.h"
 
 // Lets events run until the condition holds; false after ten seconds.
@@ -26,16 +27,6 @@ inline void Calmer(Travail& travail)
         travail.Attendre();
         QCoreApplication::processEvents();
     } while (travail.EnCours());
-}
-
-// The first window of a class that there is, shown or not.
-template <typename Classe>
-Classe* Fenetre()
-{
-    for (QWidget* fenetre : QApplication::topLevelWidgets())
-        if (auto* trouvee = qobject_cast<Classe*>(fenetre))
-            return trouvee;
-    return nullptr;
 }
 
 // The letters that work with Alt in a window, of what is seen.
